@@ -2,6 +2,7 @@
 // else, stubs jumping through one constant table in alphabetical order, and
 // each shared group running one implementation.
 #include <dlfcn.h>
+#include <elf.h>
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -118,6 +119,26 @@ TEST(Exports, TableIsReadOnlyAfterLoad) {
     }
     EXPECT_TRUE(found);
     dlclose(lib);
+}
+
+// Loading runs nothing of ours: the only start-up entry is the runtime's own
+// (one pointer in .init_array), and there are no legacy constructors.
+TEST(Exports, NothingRunsAtLoad) {
+    std::ifstream f(TAV_LIB_PATH, std::ios::binary);
+    std::vector<char> file((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
+    ASSERT_GT(file.size(), sizeof(Elf64_Ehdr));
+    Elf64_Ehdr eh;
+    std::memcpy(&eh, file.data(), sizeof eh);
+    std::vector<Elf64_Shdr> sh(eh.e_shnum);
+    std::memcpy(sh.data(), file.data() + eh.e_shoff, sizeof(Elf64_Shdr) * eh.e_shnum);
+    const char* names = file.data() + sh[eh.e_shstrndx].sh_offset;
+    std::size_t init_entries = 0;
+    for (const Elf64_Shdr& s : sh) {
+        const std::string n = names + s.sh_name;
+        if (n == ".init_array") init_entries = s.sh_size / 8;
+        EXPECT_NE(n, ".ctors");
+    }
+    EXPECT_LE(init_entries, 1u);
 }
 
 }  // namespace
