@@ -17,6 +17,8 @@ def main():
         if b.get("run_type") == "aggregate" and b.get("aggregate_name") != "median":
             continue
         parts = b["run_name"].split("/") if "run_name" in b else b["name"].split("/")
+        if parts and parts[-1] in ("real_time", "process_time"):
+            parts = parts[:-1]  # UseRealTime() appends this to the name
         if len(parts) < 3:
             continue
         row, impl, size = "/".join(parts[:-2]), parts[-2], parts[-1].split("/")[0]
