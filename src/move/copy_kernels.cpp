@@ -28,9 +28,38 @@ inline void blocks4_stream(const byte* s, byte* d) {
     _mm512_stream_si512(reinterpret_cast<__m512i*>(d + 192), e);
 }
 
-// Forward copy of a long row: the destination is brought to a cache line so
-// that no store of the main loop splits one.
+// The string copy: beyond the first level of cache the processor's own
+// string move outruns a vector loop, since it needs no read for ownership
+// of the destination lines.
+inline void string_copy(const byte* s, byte* d, std::size_t n) {
+    asm volatile("rep movsb" : "+D"(d), "+S"(s), "+c"(n) : : "memory");
+}
+
+// Forward copy of a long row: the destination is brought to a cache line,
+// then the string copy moves the rest.
 void copy_forward(const byte* s, byte* d, std::size_t n) {
+    std::size_t head = to_line(d);
+    if (head > n) head = n;
+    copy_masked(s, d, byte_lanes(head));
+    string_copy(s + head, d + head, n - head);
+}
+
+// Destination just above the source modulo 4 KiB: the unaligned end first,
+// then the whole lines by a kernel of their own, then the head, so that the
+// pieces at both ends never trail the lines' stores.
+void copy_page_aliased(const byte* s, byte* d, std::size_t n) {
+    std::size_t tail = (reinterpret_cast<std::uintptr_t>(d) + n) & 63;
+    if (tail > n) tail = n;
+    const std::size_t m = n - tail;
+    copy_plain(s + m, d + m, tail);
+    const std::size_t head = m & 63;
+    string_copy(s + head, d + head, m - head);
+    copy_plain(s, d, head);
+}
+
+// Rows of the block copy: the destination brought to a cache line, then
+// whole lines with aligned stores.
+void copy_row_vectors(const byte* s, byte* d, std::size_t n) {
     std::size_t head = to_line(d);
     if (head > n) head = n;
     copy_masked(s, d, byte_lanes(head));
@@ -40,19 +69,33 @@ void copy_forward(const byte* s, byte* d, std::size_t n) {
     if (i < n) copy_masked(s + i, d + i, byte_lanes(n - i));
 }
 
-// Destination just above the source modulo 4 KiB: the unaligned end first,
-// then the whole lines from the top down, so that no load follows a store to
-// an address it matches in the low 12 bits, then the head.
-void copy_page_aliased(const byte* s, byte* d, std::size_t n) {
-    std::size_t tail = (reinterpret_cast<std::uintptr_t>(d) + n) & 63;
-    if (tail > n) tail = n;
-    std::size_t m = n - tail;
-    copy_plain(s + m, d + m, tail);
-    std::size_t head = m & 63;
-    std::size_t i = m;
-    for (; i >= head + 256; i -= 256) blocks4_aligned(s + i - 256, d + i - 256);
-    for (; i >= head + 64; i -= 64) _mm512_store_si512(d + i - 64, _mm512_loadu_si512(s + i - 64));
-    copy_plain(s, d, head);
+// Equal steps with the destination just above the source modulo 4 KiB: the
+// loads run 256 bytes ahead of the stores, farther than the 160 bytes by
+// which a store could match a later load in the low 12 bits.
+void copy_row_lookahead(const byte* s, byte* d, std::size_t n) {
+    std::size_t head = to_line(d);
+    if (head > n) head = n;
+    copy_masked(s, d, byte_lanes(head));
+    std::size_t i = head;
+    if (i + 512 <= n) {
+        __m512i a = _mm512_loadu_si512(s + i), b = _mm512_loadu_si512(s + i + 64);
+        __m512i c = _mm512_loadu_si512(s + i + 128), e = _mm512_loadu_si512(s + i + 192);
+        for (; i + 512 <= n; i += 256) {
+            __m512i na = _mm512_loadu_si512(s + i + 256), nb = _mm512_loadu_si512(s + i + 320);
+            __m512i nc = _mm512_loadu_si512(s + i + 384), ne = _mm512_loadu_si512(s + i + 448);
+            _mm512_store_si512(d + i, a);
+            _mm512_store_si512(d + i + 64, b);
+            _mm512_store_si512(d + i + 128, c);
+            _mm512_store_si512(d + i + 192, e);
+            a = na, b = nb, c = nc, e = ne;
+        }
+        _mm512_store_si512(d + i, a);
+        _mm512_store_si512(d + i + 64, b);
+        _mm512_store_si512(d + i + 128, c);
+        _mm512_store_si512(d + i + 192, e);
+        i += 256;
+    }
+    copy_plain(s + i, d + i, n - i);
 }
 
 // Non-temporal stores of the whole lines; the caller fences.
@@ -138,8 +181,8 @@ void copy_block(const void* src, std::ptrdiff_t ss, void* dst, std::ptrdiff_t ds
         if (w < 512) return copy_small_rows(s, ss, d, ds, uw, h);
         long long c = total < kBlockGate ? -1 : cache_bytes();
         if (c < 0 || total < c / 2) {
-            if (((ds | reinterpret_cast<std::intptr_t>(d) | w) & 31) != 0) return rows<copy_forward>(s, ss, d, ds, uw, h);
-            if (ss == ds && page_aliased(s, d)) return rows<copy_page_aliased>(s, ss, d, ds, uw, h);
+            if (((ds | reinterpret_cast<std::intptr_t>(d) | w) & 31) != 0) return rows<copy_row_vectors>(s, ss, d, ds, uw, h);
+            if (ss == ds && page_aliased(s, d)) return rows<copy_row_lookahead>(s, ss, d, ds, uw, h);
             return rows<copy_aligned32>(s, ss, d, ds, uw, h);
         }
     }

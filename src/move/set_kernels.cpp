@@ -1,6 +1,8 @@
 // Fill kernels: a broadcast vector or a periodic pattern stored over a row.
 #include "move/set_kernels.h"
 
+#include <cstring>
+
 #include "frame/cache.h"
 
 namespace tav::move {
@@ -18,13 +20,25 @@ inline void put(byte* d, __m512i v) {
 template <Stores How>
 void fill_lines(byte* d, std::size_t n, __m512i v) {
     std::size_t i = 0;
-    for (; i + 256 <= n; i += 256) {
-        put<How>(d + i, v);
-        put<How>(d + i + 64, v);
-        put<How>(d + i + 128, v);
-        put<How>(d + i + 192, v);
-    }
+    for (; i + 512 <= n; i += 512)
+        for (int k = 0; k < 8; ++k) put<How>(d + i + 64 * k, v);
     for (; i + 64 <= n; i += 64) put<How>(d + i, v);
+}
+
+// The processor's string store: past the second level of cache it outruns a
+// vector loop, since it needs no read for ownership of the lines.
+constexpr std::size_t kStringFill = 0x100000;
+
+void string_fill(byte* d, std::size_t n, __m512i v, std::size_t elemBytes) {
+    std::uint64_t x;
+    std::memcpy(&x, &v, sizeof x);
+    std::size_t count = n / elemBytes;
+    switch (elemBytes) {
+        case 1: asm volatile("rep stosb" : "+D"(d), "+c"(count) : "a"(x) : "memory"); break;
+        case 2: asm volatile("rep stosw" : "+D"(d), "+c"(count) : "a"(x) : "memory"); break;
+        case 4: asm volatile("rep stosl" : "+D"(d), "+c"(count) : "a"(x) : "memory"); break;
+        default: asm volatile("rep stosq" : "+D"(d), "+c"(count) : "a"(x) : "memory"); break;
+    }
 }
 
 }  // namespace
@@ -42,12 +56,14 @@ bool set_row_streams(const void* d, std::size_t rowBytes, std::size_t elemBytes)
     return c >= 1 && rowBytes > static_cast<std::size_t>(c);
 }
 
-void fill_vector(byte* d, std::size_t n, __m512i v, bool peel, Stores how) {
+void fill_vector(byte* d, std::size_t n, __m512i v, std::size_t elemBytes, Stores how) {
     std::size_t i = 0;
-    if (peel) {
+    if ((reinterpret_cast<std::uintptr_t>(d) & (elemBytes - 1)) == 0) {
+        // Element-aligned: the line boundary keeps the phase.
         i = to_line(d);
         if (i > n) i = n;
         _mm512_mask_storeu_epi8(d, lanes(i), v);
+        if (how == Stores::Cached && n - i >= kStringFill) return string_fill(d + i, n - i, v, elemBytes);
         const std::size_t whole = (n - i) & ~std::size_t{63};
         if (how == Stores::Streaming) fill_lines<Stores::Streaming>(d + i, whole, v);
         else fill_lines<Stores::Cached>(d + i, whole, v);

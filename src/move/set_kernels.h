@@ -24,10 +24,9 @@ using byte = std::uint8_t;
 // How a fill writes its whole lines.
 enum class Stores { Cached, Streaming };
 
-// n bytes of a pattern whose period divides 64, starting at phase 0 of v.
-// With `peel`, the destination is first brought to a cache line, which keeps
-// the phase only when the period divides the distance to it.
-void fill_vector(byte* d, std::size_t n, __m512i v, bool peel, Stores how);
+// n bytes of a vector of elements of elemBytes (1, 2, 4 or 8), from its
+// first element on.
+void fill_vector(byte* d, std::size_t n, __m512i v, std::size_t elemBytes, Stores how);
 
 // Whether a one-element fill of n elements of `elemBytes` at d streams: long
 // rows only, and only for an element-aligned destination.
@@ -46,9 +45,8 @@ template <class T>
 inline void set_row(T* d, T v, std::size_t n) {
     static_assert(sizeof(T) == 1 || sizeof(T) == 2 || sizeof(T) == 4 || sizeof(T) == 8);
     const std::size_t bytes = n * sizeof(T);
-    const bool aligned = (reinterpret_cast<std::uintptr_t>(d) & (sizeof(T) - 1)) == 0;
     const Stores how = set_row_streams(d, bytes, sizeof(T)) ? Stores::Streaming : Stores::Cached;
-    fill_vector(reinterpret_cast<byte*>(d), bytes, broadcast(v), aligned, how);
+    fill_vector(reinterpret_cast<byte*>(d), bytes, broadcast(v), sizeof(T), how);
     if (how == Stores::Streaming) _mm_sfence();
 }
 
