@@ -31,3 +31,30 @@ void set_elems(const std::uint8_t* value, int channels, std::uint8_t* d, std::pt
 inline bool all_elems(long long) { return true; }
 
 }  // namespace tavref
+
+namespace tavref {
+
+// An image seen element by element: interleaved rows of `channels` (the
+// pointer on channel 0 of the first pixel, or on the channel of interest),
+// or one plane a channel.
+struct View {
+    std::uint8_t* planes[4];
+    std::ptrdiff_t step;
+    int channels;
+    bool planar;
+    int es;
+    std::uint8_t* at(int x, int y, int c) const {
+        return planar ? planes[c] + y * step + x * es : planes[0] + y * step + (x * channels + c) * es;
+    }
+};
+
+// Channel c of each destination pixel takes channel from[c] of the source
+// pixel; from[c] < 0 leaves it alone.
+inline void move_pixels(const View& src, const View& dst, int w, int h, const int* from, int dstChannels) {
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            for (int c = 0; c < dstChannels; ++c)
+                if (from[c] >= 0) std::memcpy(dst.at(x, y, c), src.at(x, y, from[c]), src.es);
+}
+
+}  // namespace tavref
