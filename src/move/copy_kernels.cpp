@@ -57,17 +57,26 @@ void copy_page_aliased(const byte* s, byte* d, std::size_t n) {
     copy_plain(s, d, head);
 }
 
-// Rows of the block copy: the destination brought to a cache line, then
-// whole lines with aligned stores.
-void copy_row_vectors(const byte* s, byte* d, std::size_t n) {
+// The destination brought to a cache line, then whole lines with aligned
+// stores (cached or non-temporal; a streaming caller fences).
+template <bool Stream>
+void copy_lines(const byte* s, byte* d, std::size_t n) {
     std::size_t head = to_line(d);
     if (head > n) head = n;
     copy_masked(s, d, byte_lanes(head));
     std::size_t i = head;
-    for (; i + 256 <= n; i += 256) blocks4_aligned(s + i, d + i);
-    for (; i + 64 <= n; i += 64) _mm512_store_si512(d + i, _mm512_loadu_si512(s + i));
-    if (i < n) copy_masked(s + i, d + i, byte_lanes(n - i));
+    for (; i + 256 <= n; i += 256) {
+        if constexpr (Stream) blocks4_stream(s + i, d + i);
+        else blocks4_aligned(s + i, d + i);
+    }
+    for (; i + 64 <= n; i += 64) {
+        if constexpr (Stream) _mm512_stream_si512(reinterpret_cast<__m512i*>(d + i), _mm512_loadu_si512(s + i));
+        else _mm512_store_si512(d + i, _mm512_loadu_si512(s + i));
+    }
+    copy_plain(s + i, d + i, n - i);
 }
+void copy_row_vectors(const byte* s, byte* d, std::size_t n) { copy_lines<false>(s, d, n); }
+void copy_streaming(const byte* s, byte* d, std::size_t n) { copy_lines<true>(s, d, n); }
 
 // Equal steps with the destination just above the source modulo 4 KiB: the
 // loads run 256 bytes ahead of the stores, farther than the 160 bytes by
@@ -95,17 +104,6 @@ void copy_row_lookahead(const byte* s, byte* d, std::size_t n) {
         _mm512_store_si512(d + i + 192, e);
         i += 256;
     }
-    copy_plain(s + i, d + i, n - i);
-}
-
-// Non-temporal stores of the whole lines; the caller fences.
-void copy_streaming(const byte* s, byte* d, std::size_t n) {
-    std::size_t head = to_line(d);
-    if (head > n) head = n;
-    copy_masked(s, d, byte_lanes(head));
-    std::size_t i = head;
-    for (; i + 256 <= n; i += 256) blocks4_stream(s + i, d + i);
-    for (; i + 64 <= n; i += 64) _mm512_stream_si512(reinterpret_cast<__m512i*>(d + i), _mm512_loadu_si512(s + i));
     copy_plain(s + i, d + i, n - i);
 }
 
