@@ -1,0 +1,19 @@
+// The compare exports of 16s images, bound to the family templates.
+#include "decide/compare_kernels.h"
+
+using namespace tav;
+using namespace tav::decide;
+namespace {
+constexpr Layout C1 = Layout::C1, C3 = Layout::C3, C4 = Layout::C4, AC4 = Layout::AC4;
+}
+
+// clang-format off
+TavStatus own_taviCompare_16s_C1R(const Tav16s* a, int as, const Tav16s* b, int bs, Tav8u* d, int ds, TaviSize r, TavCmpOp op) { return cmp::compare<C1>(a, as, b, bs, d, ds, r, op); }
+TavStatus own_taviCompare_16s_C3R(const Tav16s* a, int as, const Tav16s* b, int bs, Tav8u* d, int ds, TaviSize r, TavCmpOp op) { return cmp::compare<C3>(a, as, b, bs, d, ds, r, op); }
+TavStatus own_taviCompare_16s_C4R(const Tav16s* a, int as, const Tav16s* b, int bs, Tav8u* d, int ds, TaviSize r, TavCmpOp op) { return cmp::compare<C4>(a, as, b, bs, d, ds, r, op); }
+TavStatus own_taviCompare_16s_AC4R(const Tav16s* a, int as, const Tav16s* b, int bs, Tav8u* d, int ds, TaviSize r, TavCmpOp op) { return cmp::compare<AC4>(a, as, b, bs, d, ds, r, op); }
+TavStatus own_taviCompareC_16s_C1R(const Tav16s* s, int ss, Tav16s v, Tav8u* d, int ds, TaviSize r, TavCmpOp op) { return cmp::compare_c<C1>(s, ss, v, d, ds, r, op); }
+TavStatus own_taviCompareC_16s_C3R(const Tav16s* s, int ss, const Tav16s* v, Tav8u* d, int ds, TaviSize r, TavCmpOp op) { return cmp::compare_c<C3>(s, ss, v, d, ds, r, op); }
+TavStatus own_taviCompareC_16s_C4R(const Tav16s* s, int ss, const Tav16s* v, Tav8u* d, int ds, TaviSize r, TavCmpOp op) { return cmp::compare_c<C4>(s, ss, v, d, ds, r, op); }
+TavStatus own_taviCompareC_16s_AC4R(const Tav16s* s, int ss, const Tav16s* v, Tav8u* d, int ds, TaviSize r, TavCmpOp op) { return cmp::compare_c<AC4>(s, ss, v, d, ds, r, op); }
+// clang-format on
