@@ -51,8 +51,10 @@ inline bool near_eps(float a, float b, float eps) { return std::fabs(a - b) <= e
 
 // Otsu's threshold from the pixels of an image, by the steps of its rule.
 // The sums need no particular order: they are exact in double for any image
-// below 2^43 pixels.
-inline std::uint8_t otsu(const std::vector<std::uint8_t>& pixels) {
+// below 2^43 pixels. With lowerSumInsideTest false the running sum of the
+// lower class counts every bin (the textbook form), which tests use to show
+// that a case tells the two apart.
+inline std::uint8_t otsu(const std::vector<std::uint8_t>& pixels, bool lowerSumInsideTest = true) {
     double h[256] = {};
     for (std::uint8_t p : pixels) h[p] += 1;
     double n = 0, s = 0;
@@ -68,8 +70,9 @@ inline std::uint8_t otsu(const std::vector<std::uint8_t>& pixels) {
         const double p = inv * h[i];
         w = w + p;
         const double q = 1.0 - w;
+        if (!lowerSumInsideTest) m = m + (i + 0.5) * p;
         if (std::fmin(w, q) > eps && std::fmax(w, q) < 0.9999998807907104) {
-            m = m + (i + 0.5) * p;
+            if (lowerSumInsideTest) m = m + (i + 0.5) * p;
             const double d = (w + q) * m - mu * w;
             const double sigma = d * d / (w * q);
             if (sigma > best) {
