@@ -31,8 +31,14 @@ struct DivRange {
 
 constexpr int kRN = _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC;
 
+// Refine: one Newton step on the reciprocal first. Quotients of 8-bit
+// elements sit far enough from every rounding boundary of the integer
+// result that the single residual step decides them exactly; 16-bit
+// quotients need the closer reciprocal to keep the last bit right.
+template <bool Refine>
 inline __m512 quotient(__m512 a, __m512 b) {
-    const __m512 r = _mm512_rcp14_ps(b);
+    __m512 r = _mm512_rcp14_ps(b);
+    if constexpr (Refine) r = _mm512_fmadd_round_ps(_mm512_fnmadd_round_ps(b, r, _mm512_set1_ps(1.0f), kRN), r, r, kRN);
     const __m512 q0 = _mm512_mul_round_ps(a, r, kRN);
     const __m512 e = _mm512_fnmadd_round_ps(q0, b, a, kRN);
     return _mm512_fmadd_round_ps(e, r, q0, kRN);
@@ -92,7 +98,7 @@ struct OpDiv : DivBase<T, IsConst> {
     __m512i group(__m512i xi, __m512i yi) const {
         __m512 a = _mm512_cvtepi32_ps(xi);
         if constexpr (Scaled) a = _mm512_mul_ps(a, scale);  // a power of two: exact
-        __m512 q = quotient(a, _mm512_cvtepi32_ps(yi));
+        __m512 q = quotient<(sizeof(T) > 1)>(a, _mm512_cvtepi32_ps(yi));
         // Bring the quotient into the range before the conversion (the 8u
         // range of f keeps it within 32 bits, and the packs saturate).
         if constexpr (std::is_same_v<T, Tav16u>) q = _mm512_min_ps(q, _mm512_set1_ps(65535.0f));
