@@ -9,10 +9,6 @@ template <class T, Layout L>
 using DivR = tav::arith::DivBin<Rnd::Current>::Rows<T, L>;
 template <class T, Layout L>
 using DivF = tav::arith::DivBinF::Rows<T, L>;
-template <class T, Layout L>
-using DivCR = tav::arith::DivConst::Rows<T, L>;
-template <class T, Layout L>
-using DivCF = tav::arith::DivConstF::Rows<T, L>;
 }  // namespace
 
 // Div

@@ -6,10 +6,6 @@ namespace {
 using tav::Layout;
 using tav::arith::Rnd;
 template <class T, Layout L>
-using DivR = tav::arith::DivBin<Rnd::Current>::Rows<T, L>;
-template <class T, Layout L>
-using DivF = tav::arith::DivBinF::Rows<T, L>;
-template <class T, Layout L>
 using DivCR = tav::arith::DivConst::Rows<T, L>;
 template <class T, Layout L>
 using DivCF = tav::arith::DivConstF::Rows<T, L>;
