@@ -1,0 +1,334 @@
+// Reduction machinery of the statistics families.
+//
+// A row is walked in blocks of kSteps vector steps of kElems elements. A block
+// starts on a pixel boundary and holds a whole number of pixels, so a given
+// lane of a given step always sees the same channel: accumulators stay
+// per-lane in the hot loop and are folded to channels only at the end. Narrow
+// integer accumulators have a capacity in blocks; the walker flushes them into
+// exact 64-bit totals kept per position of the block before they can overflow.
+// Masked tails read nothing past the row (zero-filled or merged lanes).
+#pragma once
+
+#include <immintrin.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <type_traits>
+#include <utility>
+
+#include "frame/entry.h"
+#include "simd/vec.h"
+
+// GCC 12 takes the deliberately undefined pass-through operand inside some
+// AVX-512 intrinsics (min, max, extract, reduce) for an uninitialised value.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#pragma GCC diagnostic ignored "-Wuninitialized"
+#endif
+
+namespace tav::stats {
+
+// Calls f(integral_constant<int, K>) for K = 0 .. N-1, unrolled.
+template <int N, class F>
+inline void unroll(F&& f) {
+    [&]<int... K>(std::integer_sequence<int, K...>) {
+        (f(std::integral_constant<int, K>{}), ...);
+    }(std::make_integer_sequence<int, N>{});
+}
+
+inline constexpr int64_t kNoLimit = std::numeric_limits<int64_t>::max();
+
+// Channels of the period a block must cover: AC4 walks like C4.
+template <Layout L>
+inline constexpr int kPeriod = L == Layout::C1 ? 1 : L == Layout::C3 ? 3 : 4;
+
+// Results a layout delivers: AC4 gives three.
+template <Layout L>
+inline constexpr int kOut = L == Layout::C1 ? 1 : L == Layout::C3 ? 3 : L == Layout::C4 ? 4 : 3;
+
+// Steps a block needs so that it holds whole pixels, at least `unroll` steps.
+template <Layout L>
+constexpr int block_steps(int unroll) {
+    return kPeriod<L> == 3 ? 3 * ((unroll + 2) / 3) : unroll;
+}
+
+// Walks n elements of one row. The policy P provides kElems, kSteps,
+// step<K, Full>(valid, srcs...) (valid is the count of real elements of the
+// step when !Full), room() (blocks before a flush is due), use(blocks) and
+// flush().
+template <class P, class... S>
+inline void walk(P& p, int64_t n, const S*... src) {
+    constexpr int64_t E = P::kElems, V = P::kSteps, B = E * V;
+    int64_t i = 0;
+    int64_t blocks = n / B;
+    while (blocks > 0) {
+        int64_t m = std::min(blocks, p.room());
+        for (int64_t b = 0; b < m; ++b, i += B) {
+            unroll<V>([&](auto k) { p.template step<k, true>(E, (src + i + k * E)...); });
+        }
+        p.use(m);
+        blocks -= m;
+        if (p.room() == 0) p.flush();
+    }
+    if (i < n) {
+        unroll<V>([&](auto k) {
+            const int64_t r = n - i - k * E;
+            if (r > 0) p.template step<k, false>(r, (src + i + k * E)...);
+        });
+        p.use(1);
+        if (p.room() == 0) p.flush();
+    }
+}
+
+// Exact per-position totals of a block of B elements.
+template <class W, int B>
+struct PosTotals {
+    W v[B] = {};
+    // Adds the lanes of an accumulator whose lane j holds position base + j * stride.
+    template <class Lane, int N>
+    void add(const Lane (&lanes)[N], int base, int stride) {
+        for (int j = 0; j < N; ++j) v[base + j * stride] += static_cast<W>(lanes[j]);
+    }
+    // Channel totals: position p belongs to channel p % C.
+    template <int C, class O>
+    void fold(O* out) const {
+        for (int c = 0; c < C; ++c) out[c] = 0;
+        for (int p = 0; p < B; ++p) out[p % C] += v[p];
+    }
+};
+
+// Spills vector x, read as N lanes of Lane, into totals at base + j * stride.
+template <class Lane, class W, int B, class V>
+inline void spill(PosTotals<W, B>& t, V x, int base, int stride) {
+    constexpr int N = 64 / sizeof(Lane);
+    alignas(64) Lane lanes[N];
+    _mm512_store_si512(reinterpret_cast<__m512i*>(lanes), x);
+    t.add(lanes, base, stride);
+}
+
+// ---- integer sum schemes -------------------------------------------------
+// Each scheme takes a vector of transformed elements (positions in order) per
+// step and keeps narrow accumulators per step; `Pos` totals are exact.
+
+// Bytes summed in 16-bit lanes: even and odd bytes apart. 257 * 255 fits.
+template <int V, int B>
+struct SumBytes {
+    __m512i lo[V], hi[V];
+    int64_t used = 0;
+    PosTotals<uint64_t, B> tot;
+    SumBytes() { clear(); }
+    void clear() {
+        for (int k = 0; k < V; ++k) lo[k] = hi[k] = _mm512_setzero_si512();
+        used = 0;
+    }
+    template <int K>
+    void add(__m512i x) {
+        lo[K] = _mm512_add_epi16(lo[K], _mm512_and_si512(x, _mm512_set1_epi16(0xff)));
+        hi[K] = _mm512_add_epi16(hi[K], _mm512_srli_epi16(x, 8));
+    }
+    int64_t room() const { return 257 - used; }
+    void use(int64_t b) { used += b; }
+    void flush() {
+        for (int k = 0; k < V; ++k) {
+            spill<uint16_t>(tot, lo[k], k * 64, 2);
+            spill<uint16_t>(tot, hi[k], k * 64 + 1, 2);
+        }
+        clear();
+    }
+};
+
+// Unsigned 16-bit values summed in 32-bit lanes. 65537 * 65535 fits.
+template <int V, int B>
+struct SumU16 {
+    __m512i lo[V], hi[V];
+    int64_t used = 0;
+    PosTotals<uint64_t, B> tot;
+    SumU16() { clear(); }
+    void clear() {
+        for (int k = 0; k < V; ++k) lo[k] = hi[k] = _mm512_setzero_si512();
+        used = 0;
+    }
+    template <int K>
+    void add(__m512i x) {
+        lo[K] = _mm512_add_epi32(lo[K], _mm512_and_si512(x, _mm512_set1_epi32(0xffff)));
+        hi[K] = _mm512_add_epi32(hi[K], _mm512_srli_epi32(x, 16));
+    }
+    int64_t room() const { return 65537 - used; }
+    void use(int64_t b) { used += b; }
+    void flush() {
+        for (int k = 0; k < V; ++k) {
+            spill<uint32_t>(tot, lo[k], k * 32, 2);
+            spill<uint32_t>(tot, hi[k], k * 32 + 1, 2);
+        }
+        clear();
+    }
+};
+
+// Signed 16-bit values summed in 32-bit lanes; the halves are sign-extended
+// by a multiply-add with a unit weight. 65535 * 32768 fits.
+template <int V, int B>
+struct SumS16 {
+    __m512i lo[V], hi[V];
+    int64_t used = 0;
+    PosTotals<int64_t, B> tot;
+    SumS16() { clear(); }
+    void clear() {
+        for (int k = 0; k < V; ++k) lo[k] = hi[k] = _mm512_setzero_si512();
+        used = 0;
+    }
+    template <int K>
+    void add(__m512i x) {
+        lo[K] = _mm512_add_epi32(lo[K], _mm512_madd_epi16(x, _mm512_set1_epi32(0x00000001)));
+        hi[K] = _mm512_add_epi32(hi[K], _mm512_madd_epi16(x, _mm512_set1_epi32(0x00010000)));
+    }
+    int64_t room() const { return 65535 - used; }
+    void use(int64_t b) { used += b; }
+    void flush() {
+        for (int k = 0; k < V; ++k) {
+            spill<int32_t>(tot, lo[k], k * 32, 2);
+            spill<int32_t>(tot, hi[k], k * 32 + 1, 2);
+        }
+        clear();
+    }
+};
+
+// Squares (or products) of bytes: 16-bit products of the even and odd bytes,
+// then each split again into 32-bit lanes. 66052 * 65025 fits.
+template <int V, int B>
+struct SumProdBytes {
+    __m512i a[V][4];  // positions 4j, 4j+2 (from even bytes), 4j+1, 4j+3
+    int64_t used = 0;
+    PosTotals<uint64_t, B> tot;
+    SumProdBytes() { clear(); }
+    void clear() {
+        for (int k = 0; k < V; ++k)
+            for (auto& v : a[k]) v = _mm512_setzero_si512();
+        used = 0;
+    }
+    template <int K>
+    void add(__m512i x, __m512i y) {
+        const __m512i m8 = _mm512_set1_epi16(0xff), m16 = _mm512_set1_epi32(0xffff);
+        const __m512i pe = _mm512_mullo_epi16(_mm512_and_si512(x, m8), _mm512_and_si512(y, m8));
+        const __m512i po = _mm512_mullo_epi16(_mm512_srli_epi16(x, 8), _mm512_srli_epi16(y, 8));
+        a[K][0] = _mm512_add_epi32(a[K][0], _mm512_and_si512(pe, m16));
+        a[K][1] = _mm512_add_epi32(a[K][1], _mm512_srli_epi32(pe, 16));
+        a[K][2] = _mm512_add_epi32(a[K][2], _mm512_and_si512(po, m16));
+        a[K][3] = _mm512_add_epi32(a[K][3], _mm512_srli_epi32(po, 16));
+    }
+    int64_t room() const { return 66052 - used; }
+    void use(int64_t b) { used += b; }
+    void flush() {
+        for (int k = 0; k < V; ++k) {
+            spill<uint32_t>(tot, a[k][0], k * 64 + 0, 4);
+            spill<uint32_t>(tot, a[k][1], k * 64 + 2, 4);
+            spill<uint32_t>(tot, a[k][2], k * 64 + 1, 4);
+            spill<uint32_t>(tot, a[k][3], k * 64 + 3, 4);
+        }
+        clear();
+    }
+};
+
+// Products of unsigned 16-bit values, exact in 64-bit lanes: each dword of
+// the halves is multiplied by the 32x32->64 multiply of its qword.
+template <int V, int B>
+struct SumProdU16 {
+    __m512i a[V][4];  // positions 4j, 4j+2, 4j+1, 4j+3
+    PosTotals<uint64_t, B> tot;
+    SumProdU16() {
+        for (int k = 0; k < V; ++k)
+            for (auto& v : a[k]) v = _mm512_setzero_si512();
+    }
+    template <int K>
+    void add(__m512i x, __m512i y) {
+        const __m512i m16 = _mm512_set1_epi32(0xffff);
+        const __m512i xe = _mm512_and_si512(x, m16), ye = _mm512_and_si512(y, m16);
+        const __m512i xo = _mm512_srli_epi32(x, 16), yo = _mm512_srli_epi32(y, 16);
+        a[K][0] = _mm512_add_epi64(a[K][0], _mm512_mul_epu32(xe, ye));
+        a[K][1] = _mm512_add_epi64(a[K][1], _mm512_mul_epu32(_mm512_srli_epi64(xe, 32), _mm512_srli_epi64(ye, 32)));
+        a[K][2] = _mm512_add_epi64(a[K][2], _mm512_mul_epu32(xo, yo));
+        a[K][3] = _mm512_add_epi64(a[K][3], _mm512_mul_epu32(_mm512_srli_epi64(xo, 32), _mm512_srli_epi64(yo, 32)));
+    }
+    int64_t room() const { return kNoLimit; }
+    void use(int64_t) {}
+    void flush() {}
+    void finish() {
+        for (int k = 0; k < V; ++k) {
+            spill<uint64_t>(tot, a[k][0], k * 32 + 0, 4);
+            spill<uint64_t>(tot, a[k][1], k * 32 + 2, 4);
+            spill<uint64_t>(tot, a[k][2], k * 32 + 1, 4);
+            spill<uint64_t>(tot, a[k][3], k * 32 + 3, 4);
+        }
+    }
+};
+
+// Products of signed 16-bit values, exact in 64-bit lanes: each dword holds a
+// single product (the other half of one operand cleared), sign-extended to
+// its qword.
+template <int V, int B>
+struct SumProdS16 {
+    __m512i a[V][4];  // positions 4j, 4j+2, 4j+1, 4j+3
+    PosTotals<int64_t, B> tot;
+    SumProdS16() {
+        for (int k = 0; k < V; ++k)
+            for (auto& v : a[k]) v = _mm512_setzero_si512();
+    }
+    template <int K>
+    void add(__m512i x, __m512i y) {
+        const __m512i pe = _mm512_madd_epi16(x, _mm512_and_si512(y, _mm512_set1_epi32(0x0000ffff)));
+        const __m512i po = _mm512_madd_epi16(x, _mm512_and_si512(y, _mm512_set1_epi32(0xffff0000u)));
+        a[K][0] = _mm512_add_epi64(a[K][0], _mm512_srai_epi64(_mm512_slli_epi64(pe, 32), 32));
+        a[K][1] = _mm512_add_epi64(a[K][1], _mm512_srai_epi64(pe, 32));
+        a[K][2] = _mm512_add_epi64(a[K][2], _mm512_srai_epi64(_mm512_slli_epi64(po, 32), 32));
+        a[K][3] = _mm512_add_epi64(a[K][3], _mm512_srai_epi64(po, 32));
+    }
+    int64_t room() const { return kNoLimit; }
+    void use(int64_t) {}
+    void flush() {}
+    void finish() {
+        for (int k = 0; k < V; ++k) {
+            spill<int64_t>(tot, a[k][0], k * 32 + 0, 4);
+            spill<int64_t>(tot, a[k][1], k * 32 + 2, 4);
+            spill<int64_t>(tot, a[k][2], k * 32 + 1, 4);
+            spill<int64_t>(tot, a[k][3], k * 32 + 3, 4);
+        }
+    }
+};
+
+// ---- image drivers ----------------------------------------------------------
+
+// True when every (step, row bytes) pair describes rows that follow each other
+// without a gap, so the image can be walked as one row.
+inline bool contiguous(int64_t rowBytes, std::initializer_list<std::ptrdiff_t> steps) {
+    for (std::ptrdiff_t s : steps)
+        if (s != rowBytes) return false;
+    return true;
+}
+
+// Turns contiguous rows into one row where the element count stays in 32 bits;
+// used where the result does not depend on where rows end.
+template <class T>
+inline void join_rows(int64_t& n, int& h, std::initializer_list<std::ptrdiff_t> steps) {
+    if (h > 1 && contiguous(n * int64_t(sizeof(T)), steps) && n * h <= INT32_MAX) {
+        n *= h;
+        h = 1;
+    }
+}
+
+// Walks every row of a one-source image.
+template <class P, class T>
+inline void walk_rows(P& p, const T* src, std::ptrdiff_t step, int64_t rowElems, int height) {
+    for (int y = 0; y < height; ++y, src = advance(src, step)) walk(p, rowElems, src);
+}
+
+template <class P, class T>
+inline void walk_rows(P& p, const T* a, std::ptrdiff_t sa, const T* b, std::ptrdiff_t sb, int64_t rowElems,
+                      int height) {
+    for (int y = 0; y < height; ++y, a = advance(a, sa), b = advance(b, sb)) walk(p, rowElems, a, b);
+}
+
+// Horizontal folds.
+inline double hsum(__m512d v) { return _mm512_reduce_add_pd(v); }
+
+}  // namespace tav::stats
