@@ -4,19 +4,9 @@
 namespace tav::stats {
 namespace {
 
-// Walks the image, testing `stop` between pieces: after each row, or every
-// `chunk` elements when contiguous rows are walked as one.
+// Walks the image row by row and leaves the loop over rows once `stop` holds.
 template <class P, class T, class Stop>
 void walk_until(P& p, const T* src, std::ptrdiff_t step, int64_t n, int h, Stop stop) {
-    constexpr int64_t chunk = 64 * P::kElems * P::kSteps;
-    if (h > 1 && contiguous(n * int64_t(sizeof(T)), {step})) {
-        const int64_t total = n * h;
-        for (int64_t i = 0; i < total; i += chunk) {
-            walk(p, std::min(chunk, total - i), src + i);
-            if (stop()) return;
-        }
-        return;
-    }
     for (int y = 0; y < h; ++y, src = advance(src, step)) {
         walk(p, n, src);
         if (stop()) return;
