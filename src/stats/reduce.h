@@ -30,6 +30,18 @@
 
 namespace tav::stats {
 
+// The 512-bit vector of a floating type.
+template <class A>
+struct FVec;
+template <>
+struct FVec<float> {
+    using V = __m512;
+};
+template <>
+struct FVec<double> {
+    using V = __m512d;
+};
+
 // Calls f(integral_constant<int, K>) for K = 0 .. N-1, unrolled.
 template <int N, class F>
 inline void unroll(F&& f) {
@@ -108,191 +120,170 @@ inline void spill(PosTotals<W, B>& t, V x, int base, int stride) {
     t.add(lanes, base, stride);
 }
 
-// ---- integer sum schemes -------------------------------------------------
-// Each scheme takes a vector of transformed elements (positions in order) per
-// step and keeps narrow accumulators per step; `Pos` totals are exact.
-
-// Bytes summed in 16-bit lanes: even and odd bytes apart. 257 * 255 fits.
-template <int V, int B>
-struct SumBytes {
-    __m512i lo[V], hi[V];
+// ---- exact integer accumulation ---------------------------------------------
+// A bank keeps kAcc narrow accumulators for each step of a block. The lane
+// policy `Lanes` says how a step's vectors add into them, which element
+// position of the step lane j of accumulator i holds (base[i] + j * stride),
+// and how many blocks fit before the lanes could overflow; the bank then
+// spills them into exact per-position totals.
+template <class Lanes, int V>
+struct Bank {
+    static constexpr int kBlock = Lanes::kElems * V;
+    __m512i acc[V][Lanes::kAcc];
     int64_t used = 0;
-    PosTotals<uint64_t, B> tot;
-    SumBytes() { clear(); }
+    PosTotals<typename Lanes::Total, kBlock> tot;
+    Bank() { clear(); }
     void clear() {
-        for (int k = 0; k < V; ++k) lo[k] = hi[k] = _mm512_setzero_si512();
+        for (auto& step : acc)
+            for (auto& a : step) a = _mm512_setzero_si512();
         used = 0;
     }
-    template <int K>
-    void add(__m512i x) {
-        lo[K] = _mm512_add_epi16(lo[K], _mm512_and_si512(x, _mm512_set1_epi16(0xff)));
-        hi[K] = _mm512_add_epi16(hi[K], _mm512_srli_epi16(x, 8));
+    template <int K, class... X>
+    void add(X... x) {
+        Lanes::add(acc[K], x...);
     }
-    int64_t room() const { return 257 - used; }
-    void use(int64_t b) { used += b; }
+    int64_t room() const { return Lanes::kCap - used; }
+    void use(int64_t b) {
+        if constexpr (Lanes::kCap != kNoLimit) used += b;
+    }
     void flush() {
-        for (int k = 0; k < V; ++k) {
-            spill<uint16_t>(tot, lo[k], k * 64, 2);
-            spill<uint16_t>(tot, hi[k], k * 64 + 1, 2);
-        }
-        clear();
-    }
-};
-
-// Unsigned 16-bit values summed in 32-bit lanes. 65537 * 65535 fits.
-template <int V, int B>
-struct SumU16 {
-    __m512i lo[V], hi[V];
-    int64_t used = 0;
-    PosTotals<uint64_t, B> tot;
-    SumU16() { clear(); }
-    void clear() {
-        for (int k = 0; k < V; ++k) lo[k] = hi[k] = _mm512_setzero_si512();
-        used = 0;
-    }
-    template <int K>
-    void add(__m512i x) {
-        lo[K] = _mm512_add_epi32(lo[K], _mm512_and_si512(x, _mm512_set1_epi32(0xffff)));
-        hi[K] = _mm512_add_epi32(hi[K], _mm512_srli_epi32(x, 16));
-    }
-    int64_t room() const { return 65537 - used; }
-    void use(int64_t b) { used += b; }
-    void flush() {
-        for (int k = 0; k < V; ++k) {
-            spill<uint32_t>(tot, lo[k], k * 32, 2);
-            spill<uint32_t>(tot, hi[k], k * 32 + 1, 2);
-        }
-        clear();
-    }
-};
-
-// Signed 16-bit values summed in 32-bit lanes; the halves are sign-extended
-// by a multiply-add with a unit weight. 65535 * 32768 fits.
-template <int V, int B>
-struct SumS16 {
-    __m512i lo[V], hi[V];
-    int64_t used = 0;
-    PosTotals<int64_t, B> tot;
-    SumS16() { clear(); }
-    void clear() {
-        for (int k = 0; k < V; ++k) lo[k] = hi[k] = _mm512_setzero_si512();
-        used = 0;
-    }
-    template <int K>
-    void add(__m512i x) {
-        lo[K] = _mm512_add_epi32(lo[K], _mm512_madd_epi16(x, _mm512_set1_epi32(0x00000001)));
-        hi[K] = _mm512_add_epi32(hi[K], _mm512_madd_epi16(x, _mm512_set1_epi32(0x00010000)));
-    }
-    int64_t room() const { return 65535 - used; }
-    void use(int64_t b) { used += b; }
-    void flush() {
-        for (int k = 0; k < V; ++k) {
-            spill<int32_t>(tot, lo[k], k * 32, 2);
-            spill<int32_t>(tot, hi[k], k * 32 + 1, 2);
-        }
-        clear();
-    }
-};
-
-// Squares (or products) of bytes: 16-bit products of the even and odd bytes,
-// then each split again into 32-bit lanes. 66052 * 65025 fits.
-template <int V, int B>
-struct SumProdBytes {
-    __m512i a[V][4];  // positions 4j, 4j+2 (from even bytes), 4j+1, 4j+3
-    int64_t used = 0;
-    PosTotals<uint64_t, B> tot;
-    SumProdBytes() { clear(); }
-    void clear() {
         for (int k = 0; k < V; ++k)
-            for (auto& v : a[k]) v = _mm512_setzero_si512();
-        used = 0;
+            for (int i = 0; i < Lanes::kAcc; ++i)
+                spill<typename Lanes::Lane>(tot, acc[k][i], k * Lanes::kElems + Lanes::base[i], Lanes::stride);
+        clear();
     }
-    template <int K>
-    void add(__m512i x, __m512i y) {
+    // Channel totals of a layout of period C, after a last flush.
+    template <int C, class O>
+    void finish(O* out) {
+        flush();
+        typename Lanes::Total t[C];
+        tot.template fold<C>(t);
+        for (int c = 0; c < C; ++c) out[c] = static_cast<O>(t[c]);
+    }
+};
+
+// Bytes in 16-bit lanes, even and odd bytes apart: 257 * 255 fits.
+struct BytesLanes {
+    using Lane = uint16_t;
+    using Total = uint64_t;
+    static constexpr int kElems = 64, kAcc = 2, stride = 2;
+    static constexpr int base[kAcc] = {0, 1};
+    static constexpr int64_t kCap = 257;
+    static void add(__m512i (&a)[kAcc], __m512i x) {
+        a[0] = _mm512_add_epi16(a[0], _mm512_and_si512(x, _mm512_set1_epi16(0xff)));
+        a[1] = _mm512_add_epi16(a[1], _mm512_srli_epi16(x, 8));
+    }
+};
+
+// Bytes of one channel: the sum of absolute differences (against zero, or
+// of two rows) adds eight bytes into a 64-bit lane at once.
+struct SadLanes {
+    using Lane = uint64_t;
+    using Total = uint64_t;
+    static constexpr int kElems = 64, kAcc = 1, stride = 8;
+    static constexpr int base[kAcc] = {0};
+    static constexpr int64_t kCap = kNoLimit;
+    static void add(__m512i (&a)[kAcc], __m512i x, __m512i y = _mm512_setzero_si512()) {
+        a[0] = _mm512_add_epi64(a[0], _mm512_sad_epu8(x, y));
+    }
+};
+
+// Unsigned 16-bit values in 32-bit lanes: 65537 * 65535 fits.
+struct U16Lanes {
+    using Lane = uint32_t;
+    using Total = uint64_t;
+    static constexpr int kElems = 32, kAcc = 2, stride = 2;
+    static constexpr int base[kAcc] = {0, 1};
+    static constexpr int64_t kCap = 65537;
+    static void add(__m512i (&a)[kAcc], __m512i x) {
+        a[0] = _mm512_add_epi32(a[0], _mm512_and_si512(x, _mm512_set1_epi32(0xffff)));
+        a[1] = _mm512_add_epi32(a[1], _mm512_srli_epi32(x, 16));
+    }
+};
+
+// Signed 16-bit values in 32-bit lanes, sign-extended by a multiply-add with
+// a unit weight: 65535 * 32768 fits.
+struct S16Lanes {
+    using Lane = int32_t;
+    using Total = int64_t;
+    static constexpr int kElems = 32, kAcc = 2, stride = 2;
+    static constexpr int base[kAcc] = {0, 1};
+    static constexpr int64_t kCap = 65535;
+    static void add(__m512i (&a)[kAcc], __m512i x) {
+        a[0] = _mm512_add_epi32(a[0], _mm512_madd_epi16(x, _mm512_set1_epi32(0x00000001)));
+        a[1] = _mm512_add_epi32(a[1], _mm512_madd_epi16(x, _mm512_set1_epi32(0x00010000)));
+    }
+};
+
+// Products of bytes in 32-bit lanes, positions kept: 16-bit products of the
+// even and odd bytes, each split again. 66052 * 65025 fits.
+struct ProdBytesLanes {
+    using Lane = uint32_t;
+    using Total = uint64_t;
+    static constexpr int kElems = 64, kAcc = 4, stride = 4;
+    static constexpr int base[kAcc] = {0, 2, 1, 3};
+    static constexpr int64_t kCap = 66052;
+    static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
         const __m512i m8 = _mm512_set1_epi16(0xff), m16 = _mm512_set1_epi32(0xffff);
         const __m512i pe = _mm512_mullo_epi16(_mm512_and_si512(x, m8), _mm512_and_si512(y, m8));
         const __m512i po = _mm512_mullo_epi16(_mm512_srli_epi16(x, 8), _mm512_srli_epi16(y, 8));
-        a[K][0] = _mm512_add_epi32(a[K][0], _mm512_and_si512(pe, m16));
-        a[K][1] = _mm512_add_epi32(a[K][1], _mm512_srli_epi32(pe, 16));
-        a[K][2] = _mm512_add_epi32(a[K][2], _mm512_and_si512(po, m16));
-        a[K][3] = _mm512_add_epi32(a[K][3], _mm512_srli_epi32(po, 16));
+        a[0] = _mm512_add_epi32(a[0], _mm512_and_si512(pe, m16));
+        a[1] = _mm512_add_epi32(a[1], _mm512_srli_epi32(pe, 16));
+        a[2] = _mm512_add_epi32(a[2], _mm512_and_si512(po, m16));
+        a[3] = _mm512_add_epi32(a[3], _mm512_srli_epi32(po, 16));
     }
-    int64_t room() const { return 66052 - used; }
-    void use(int64_t b) { used += b; }
-    void flush() {
-        for (int k = 0; k < V; ++k) {
-            spill<uint32_t>(tot, a[k][0], k * 64 + 0, 4);
-            spill<uint32_t>(tot, a[k][1], k * 64 + 2, 4);
-            spill<uint32_t>(tot, a[k][2], k * 64 + 1, 4);
-            spill<uint32_t>(tot, a[k][3], k * 64 + 3, 4);
-        }
-        clear();
+};
+
+// Products of bytes of one channel: multiply-adds of the even and of the odd
+// bytes put four products in a 32-bit lane. 16512 * 4 * 65025 fits.
+struct ProdBytesC1Lanes {
+    using Lane = uint32_t;
+    using Total = uint64_t;
+    static constexpr int kElems = 64, kAcc = 1, stride = 4;
+    static constexpr int base[kAcc] = {0};
+    static constexpr int64_t kCap = 16512;
+    static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
+        const __m512i m8 = _mm512_set1_epi16(0xff);
+        const __m512i pe = _mm512_madd_epi16(_mm512_and_si512(x, m8), _mm512_and_si512(y, m8));
+        const __m512i po = _mm512_madd_epi16(_mm512_srli_epi16(x, 8), _mm512_srli_epi16(y, 8));
+        a[0] = _mm512_add_epi32(a[0], _mm512_add_epi32(pe, po));
     }
 };
 
 // Products of unsigned 16-bit values, exact in 64-bit lanes: each dword of
 // the halves is multiplied by the 32x32->64 multiply of its qword.
-template <int V, int B>
-struct SumProdU16 {
-    __m512i a[V][4];  // positions 4j, 4j+2, 4j+1, 4j+3
-    PosTotals<uint64_t, B> tot;
-    SumProdU16() {
-        for (int k = 0; k < V; ++k)
-            for (auto& v : a[k]) v = _mm512_setzero_si512();
-    }
-    template <int K>
-    void add(__m512i x, __m512i y) {
+struct ProdU16Lanes {
+    using Lane = uint64_t;
+    using Total = uint64_t;
+    static constexpr int kElems = 32, kAcc = 4, stride = 4;
+    static constexpr int base[kAcc] = {0, 2, 1, 3};
+    static constexpr int64_t kCap = kNoLimit;
+    static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
         const __m512i m16 = _mm512_set1_epi32(0xffff);
         const __m512i xe = _mm512_and_si512(x, m16), ye = _mm512_and_si512(y, m16);
         const __m512i xo = _mm512_srli_epi32(x, 16), yo = _mm512_srli_epi32(y, 16);
-        a[K][0] = _mm512_add_epi64(a[K][0], _mm512_mul_epu32(xe, ye));
-        a[K][1] = _mm512_add_epi64(a[K][1], _mm512_mul_epu32(_mm512_srli_epi64(xe, 32), _mm512_srli_epi64(ye, 32)));
-        a[K][2] = _mm512_add_epi64(a[K][2], _mm512_mul_epu32(xo, yo));
-        a[K][3] = _mm512_add_epi64(a[K][3], _mm512_mul_epu32(_mm512_srli_epi64(xo, 32), _mm512_srli_epi64(yo, 32)));
-    }
-    int64_t room() const { return kNoLimit; }
-    void use(int64_t) {}
-    void flush() {}
-    void finish() {
-        for (int k = 0; k < V; ++k) {
-            spill<uint64_t>(tot, a[k][0], k * 32 + 0, 4);
-            spill<uint64_t>(tot, a[k][1], k * 32 + 2, 4);
-            spill<uint64_t>(tot, a[k][2], k * 32 + 1, 4);
-            spill<uint64_t>(tot, a[k][3], k * 32 + 3, 4);
-        }
+        a[0] = _mm512_add_epi64(a[0], _mm512_mul_epu32(xe, ye));
+        a[1] = _mm512_add_epi64(a[1], _mm512_mul_epu32(_mm512_srli_epi64(xe, 32), _mm512_srli_epi64(ye, 32)));
+        a[2] = _mm512_add_epi64(a[2], _mm512_mul_epu32(xo, yo));
+        a[3] = _mm512_add_epi64(a[3], _mm512_mul_epu32(_mm512_srli_epi64(xo, 32), _mm512_srli_epi64(yo, 32)));
     }
 };
 
 // Products of signed 16-bit values, exact in 64-bit lanes: each dword holds a
-// single product (the other half of one operand cleared), sign-extended to
-// its qword.
-template <int V, int B>
-struct SumProdS16 {
-    __m512i a[V][4];  // positions 4j, 4j+2, 4j+1, 4j+3
-    PosTotals<int64_t, B> tot;
-    SumProdS16() {
-        for (int k = 0; k < V; ++k)
-            for (auto& v : a[k]) v = _mm512_setzero_si512();
-    }
-    template <int K>
-    void add(__m512i x, __m512i y) {
+// single product (the other half of one operand cleared), sign-extended.
+struct ProdS16Lanes {
+    using Lane = int64_t;
+    using Total = int64_t;
+    static constexpr int kElems = 32, kAcc = 4, stride = 4;
+    static constexpr int base[kAcc] = {0, 2, 1, 3};
+    static constexpr int64_t kCap = kNoLimit;
+    static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
         const __m512i pe = _mm512_madd_epi16(x, _mm512_and_si512(y, _mm512_set1_epi32(0x0000ffff)));
         const __m512i po = _mm512_madd_epi16(x, _mm512_and_si512(y, _mm512_set1_epi32(0xffff0000u)));
-        a[K][0] = _mm512_add_epi64(a[K][0], _mm512_srai_epi64(_mm512_slli_epi64(pe, 32), 32));
-        a[K][1] = _mm512_add_epi64(a[K][1], _mm512_srai_epi64(pe, 32));
-        a[K][2] = _mm512_add_epi64(a[K][2], _mm512_srai_epi64(_mm512_slli_epi64(po, 32), 32));
-        a[K][3] = _mm512_add_epi64(a[K][3], _mm512_srai_epi64(po, 32));
-    }
-    int64_t room() const { return kNoLimit; }
-    void use(int64_t) {}
-    void flush() {}
-    void finish() {
-        for (int k = 0; k < V; ++k) {
-            spill<int64_t>(tot, a[k][0], k * 32 + 0, 4);
-            spill<int64_t>(tot, a[k][1], k * 32 + 2, 4);
-            spill<int64_t>(tot, a[k][2], k * 32 + 1, 4);
-            spill<int64_t>(tot, a[k][3], k * 32 + 3, 4);
-        }
+        a[0] = _mm512_add_epi64(a[0], _mm512_srai_epi64(_mm512_slli_epi64(pe, 32), 32));
+        a[1] = _mm512_add_epi64(a[1], _mm512_srai_epi64(pe, 32));
+        a[2] = _mm512_add_epi64(a[2], _mm512_srai_epi64(_mm512_slli_epi64(po, 32), 32));
+        a[3] = _mm512_add_epi64(a[3], _mm512_srai_epi64(po, 32));
     }
 };
 

@@ -8,38 +8,18 @@
 namespace tav::stats {
 namespace {
 
-// Loads one vector of T a step and hands it to an integer sum scheme.
-template <class T, template <int, int> class Scheme, int V>
+// Loads one vector a step and adds it into a bank of exact lanes.
+template <class T, class Lanes, int V>
 struct LoadSum {
     static constexpr int kElems = 64 / sizeof(T), kSteps = V;
-    Scheme<V, kElems * V> s;
+    Bank<Lanes, V> bank;
     template <int K, bool Full>
     void step(int64_t valid, const T* p) {
-        s.template add<K>(Full ? simd::load(p) : simd::load(p, simd::first_lanes<T>(valid)));
+        bank.template add<K>(Full ? simd::load(p) : simd::load(p, simd::first_lanes<T>(valid)));
     }
-    int64_t room() const { return s.room(); }
-    void use(int64_t b) { s.use(b); }
-    void flush() { s.flush(); }
-};
-
-// Bytes of one channel: the sum of absolute differences against zero adds
-// eight bytes into a 64-bit lane at once.
-struct SadSum {
-    static constexpr int kElems = 64, kSteps = 4;
-    __m512i acc[kSteps] = {_mm512_setzero_si512(), _mm512_setzero_si512(), _mm512_setzero_si512(),
-                           _mm512_setzero_si512()};
-    template <int K, bool Full>
-    void step(int64_t valid, const Tav8u* p) {
-        const __m512i x = Full ? simd::load(p) : simd::load(p, simd::first_lanes<Tav8u>(valid));
-        acc[K] = _mm512_add_epi64(acc[K], _mm512_sad_epu8(x, _mm512_setzero_si512()));
-    }
-    int64_t room() const { return kNoLimit; }
-    void use(int64_t) {}
-    void flush() {}
-    uint64_t total() const {
-        return _mm512_reduce_add_epi64(
-            _mm512_add_epi64(_mm512_add_epi64(acc[0], acc[1]), _mm512_add_epi64(acc[2], acc[3])));
-    }
+    int64_t room() const { return bank.room(); }
+    void use(int64_t b) { bank.use(b); }
+    void flush() { bank.flush(); }
 };
 
 template <class T, Layout L>
@@ -53,43 +33,41 @@ void int_sum(const T* src, std::ptrdiff_t step, TaviSize roi, Tav64f* out) {
             n = static_cast<int32_t>(static_cast<uint32_t>(n) * static_cast<uint32_t>(h));
             h = 1;
         }
-    } else {
-        join_rows<T>(n, h, {step});
-    }
-    if constexpr (std::is_same_v<T, Tav8u> && L == Layout::C1) {
-        SadSum p;
+        LoadSum<T, SadLanes, 4> p;
         walk_rows(p, src, step, n, h);
-        const uint64_t t = p.total();
+        uint64_t t;
+        p.bank.template finish<1>(&t);
         // High part times 2^31 plus low part: one rounding past 53 bits.
         out[0] = double(t >> 31) * 2147483648.0 + double(t & 0x7fffffff);
     } else {
-        constexpr int V = block_steps<L>(2);
-        auto run = [&](auto policy) {
-            walk_rows(policy, src, step, n, h);
-            policy.flush();
-            using W = std::remove_cvref_t<decltype(policy.s.tot.v[0])>;
-            W ch[C];
-            policy.s.tot.template fold<C>(ch);
-            for (int c = 0; c < C; ++c) out[c] = static_cast<double>(ch[c]);
-        };
-        if constexpr (std::is_same_v<T, Tav8u>) run(LoadSum<T, SumBytes, V>{});
-        else if constexpr (std::is_same_v<T, Tav16u>) run(LoadSum<T, SumU16, V>{});
-        else run(LoadSum<T, SumS16, V>{});
+        join_rows<T>(n, h, {step});
+        using Lanes = std::conditional_t<std::is_same_v<T, Tav8u>, BytesLanes,
+                                         std::conditional_t<std::is_same_v<T, Tav16u>, U16Lanes, S16Lanes>>;
+        LoadSum<T, Lanes, block_steps<L>(2)> p;
+        walk_rows(p, src, step, n, h);
+        p.bank.template finish<C>(out);
     }
 }
 
-// 64-bit accumulation: eight floats widened a step.
-template <int V>
-struct SumF64 {
-    static constexpr int kElems = 8, kSteps = V;
-    __m512d acc[V];
-    SumF64() {
-        for (auto& a : acc) a = _mm512_setzero_pd();
+// Float sums: eight floats widened to double a step, or sixteen floats a step
+// kept in single precision; folded by channel in the accumulation type.
+template <class A, int V>
+struct SumFloat {
+    static constexpr bool kWide = std::is_same_v<A, double>;
+    static constexpr int kElems = kWide ? 8 : 16, kSteps = V;
+    using Vec = typename FVec<A>::V;
+    Vec acc[V];
+    SumFloat() {
+        for (auto& a : acc) a = Vec{};
     }
     template <int K, bool Full>
     void step(int64_t valid, const Tav32f* p) {
-        const __m256 x = Full ? _mm256_loadu_ps(p) : _mm256_maskz_loadu_ps(simd::first_lanes<double>(valid), p);
-        acc[K] = _mm512_add_pd(acc[K], _mm512_cvtps_pd(x));
+        if constexpr (kWide) {
+            const __m256 x = Full ? _mm256_loadu_ps(p) : _mm256_maskz_loadu_ps(simd::first_lanes<double>(valid), p);
+            acc[K] = _mm512_add_pd(acc[K], _mm512_cvtps_pd(x));
+        } else {
+            acc[K] = _mm512_add_ps(acc[K], Full ? simd::load(p) : simd::load(p, simd::first_lanes<float>(valid)));
+        }
     }
     int64_t room() const { return kNoLimit; }
     void use(int64_t) {}
@@ -97,35 +75,10 @@ struct SumF64 {
     // Lanes in position order into their channels.
     template <int C>
     void fold(double* out) const {
-        alignas(64) double l[V * 8];
-        for (int k = 0; k < V; ++k) _mm512_store_pd(l + 8 * k, acc[k]);
-        for (int c = 0; c < C; ++c) out[c] = 0;
-        for (int p = 0; p < V * 8; ++p) out[p % C] += l[p];
-    }
-};
-
-// 32-bit accumulation: sixteen float lanes a step, folded in 32 bits.
-template <int V>
-struct SumF32 {
-    static constexpr int kElems = 16, kSteps = V;
-    __m512 acc[V];
-    SumF32() {
-        for (auto& a : acc) a = _mm512_setzero_ps();
-    }
-    template <int K, bool Full>
-    void step(int64_t valid, const Tav32f* p) {
-        const __m512 x = Full ? simd::load(p) : simd::load(p, simd::first_lanes<float>(valid));
-        acc[K] = _mm512_add_ps(acc[K], x);
-    }
-    int64_t room() const { return kNoLimit; }
-    void use(int64_t) {}
-    void flush() {}
-    template <int C>
-    void fold(double* out) const {
-        alignas(64) float l[V * 16];
-        for (int k = 0; k < V; ++k) _mm512_store_ps(l + 16 * k, acc[k]);
-        float s[C] = {};
-        for (int p = 0; p < V * 16; ++p) s[p % C] += l[p];
+        alignas(64) A l[V * kElems];
+        for (int k = 0; k < V; ++k) simd::store(l + kElems * k, acc[k]);
+        A s[C] = {};
+        for (int p = 0; p < V * kElems; ++p) s[p % C] += l[p];
         for (int c = 0; c < C; ++c) out[c] = s[c];
     }
 };
@@ -143,7 +96,7 @@ void sum_32f(const Tav32f* src, std::ptrdiff_t step, TaviSize roi, Tav64f* out, 
             // Narrow rows: each row is folded into the running sums as it ends.
             double run[C] = {};
             for (int y = 0; y < roi.height; ++y, src = advance(src, step)) {
-                SumF64<block_steps<L>(1)> p;
+                SumFloat<double, block_steps<L>(1)> p;
                 walk(p, n, src);
                 double r[C];
                 p.template fold<C>(r);
@@ -155,11 +108,11 @@ void sum_32f(const Tav32f* src, std::ptrdiff_t step, TaviSize roi, Tav64f* out, 
         wide64 = hint == tavAlgHintAccurate;
     }
     if (wide64) {
-        SumF64<block_steps<L>(L == Layout::C1 ? 4 : 2)> p;
+        SumFloat<double, block_steps<L>(L == Layout::C1 ? 4 : 2)> p;
         walk_rows(p, src, step, n, roi.height);
         p.template fold<C>(out);
     } else {
-        SumF32<block_steps<L>(L == Layout::C1 ? 4 : 2)> p;
+        SumFloat<float, block_steps<L>(L == Layout::C1 ? 4 : 2)> p;
         walk_rows(p, src, step, n, roi.height);
         p.template fold<C>(out);
     }
