@@ -16,6 +16,7 @@
 #pragma GCC diagnostic ignored "-Wuninitialized"
 #endif
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -110,6 +111,42 @@ inline void map_row(const T* s, T* d, std::int64_t n, Op& op) {
     });
 }
 
+template <class T, class V>
+inline void stream(T* p, V v) {
+    if constexpr (std::is_same_v<T, float>) _mm512_stream_ps(p, v);
+    else _mm512_stream_si512(reinterpret_cast<__m512i*>(p), v);
+}
+
+// The same with non-temporal stores: a masked head up to the destination's
+// next 64-byte boundary, whole vectors streamed, a masked tail. A destination
+// that is not element-aligned can never reach the boundary and takes the
+// plain loop. Not for AC4, whose stores must stay masked.
+template <class T, int kUnroll, class Op>
+inline void map_row_streaming(const T* s, T* d, std::int64_t n, Op& op) {
+    constexpr std::int64_t kStep = simd::kLanes<T>;
+    const std::uintptr_t at = reinterpret_cast<std::uintptr_t>(d);
+    if (at % sizeof(T)) return map_row<T, Layout::C1, kUnroll>(s, d, n, op);
+    std::int64_t i = std::min<std::int64_t>(n, ((64 - (at & 63)) & 63) / sizeof(T));
+    if (i) {
+        const std::uint64_t lanes = (1ull << i) - 1;
+        store_chunk<T, false>(d, lanes, op(load_chunk<T, false>(s, lanes), lanes));
+    }
+    for (; i + kStep * kUnroll <= n; i += kStep * kUnroll) {
+        for (int u = 0; u < kUnroll; ++u) stream(d + i + u * kStep, op(simd::load(s + i + u * kStep), kFullLanes<kStep>));
+    }
+    for (; i + kStep <= n; i += kStep) stream(d + i, op(simd::load(s + i), kFullLanes<kStep>));
+    if (i < n) {
+        const std::uint64_t lanes = (1ull << (n - i)) - 1;
+        store_chunk<T, false>(d + i, lanes, op(load_chunk<T, false>(s + i, lanes), lanes));
+    }
+}
+
+// Out-of-place images whose source and destination together exceed this
+// stream their results: they would evict the whole last-level cache of the
+// machines we target and never be read back from it. No cache query is made,
+// so the decision costs nothing and no result depends on it.
+inline constexpr std::int64_t kStreamGateBytes = 32ll << 20;
+
 // Sixteen elements of an integer type widened to 32-bit lanes (zero- or
 // sign-extended by the type).
 template <class T>
@@ -148,6 +185,16 @@ struct NoStatus {
 template <class T, Layout L, int kUnroll, int kStepLowBits, Combine C = Combine::First, class Op>
 inline TavStatus map_rows(const T* s, int ss, T* d, int ds, TaviSize roi, Op& op) {
     const std::int64_t n = row_elems<L>(roi.width);
+    const bool streaming = L != Layout::AC4 && static_cast<const void*>(s) != static_cast<const void*>(d) &&
+                           2 * n * std::int64_t(sizeof(T)) * roi.height >= kStreamGateBytes;
+    if (streaming) {
+        const TavStatus st = run_rows<C, kStepLowBits>(s, ss, d, ds, roi.height, [&](const T* a, T* b) {
+            map_row_streaming<T, kUnroll>(a, b, n, op);
+            return op.row_status();
+        });
+        _mm_sfence();
+        return st;
+    }
     return run_rows<C, kStepLowBits>(s, ss, d, ds, roi.height, [&](const T* a, T* b) {
         map_row<T, L, kUnroll>(a, b, n, op);
         return op.row_status();
