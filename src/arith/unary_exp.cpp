@@ -102,16 +102,16 @@ struct Exp32f {
     TavStatus status = tavOk;
 
     __m512 operator()(__m512 x, std::uint64_t lanes) {
-        const __m512 y = simd::exp_ps(x);
-        // Inside [-87.33654, 88.72283] nothing is special (NaN fails both).
-        const __mmask16 plain = _mm512_cmp_ps_mask(x, _mm512_set1_ps(-87.33654f), _CMP_GE_OQ) &
-                                _mm512_cmp_ps_mask(x, _mm512_set1_ps(88.72283f), _CMP_LE_OQ);
-        if (plain == 0xffff) return y;
-        return special(x, y, static_cast<__mmask16>(lanes));
+        // Inside [-87.33654, 87.33654] nothing is special (NaN fails too);
+        // the few values up to 88.72283 take the careful path.
+        const __m512 mag = _mm512_castsi512_ps(_mm512_and_si512(_mm512_castps_si512(x), _mm512_set1_epi32(0x7fffffff)));
+        if (_mm512_cmp_ps_mask(mag, _mm512_set1_ps(87.33654f), _CMP_LE_OQ) == 0xffff) return simd::exp_ps(x);
+        return special(x, static_cast<__mmask16>(lanes));
     }
 
-    __m512 special(__m512 x, __m512 y, __mmask16 lanes) {
+    __m512 special(__m512 x, __mmask16 lanes) {
         const __m512 inf = _mm512_set1_ps(__builtin_inff());
+        __m512 y = simd::exp_ps(_mm512_min_ps(_mm512_max_ps(x, _mm512_set1_ps(-120.0f)), _mm512_set1_ps(100.0f)));
         const __mmask16 above = _mm512_cmp_ps_mask(x, _mm512_set1_ps(88.72283f), _CMP_GT_OQ);
         const __mmask16 toZero = _mm512_cmp_ps_mask(x, _mm512_set1_ps(-103.97208f), _CMP_LT_OQ);
         const __mmask16 below = _mm512_cmp_ps_mask(x, _mm512_set1_ps(-87.33654f), _CMP_LT_OQ);

@@ -1,8 +1,8 @@
 // Vector exp and log for 16 floats (and log for 8 doubles), table driven.
 // Contracts:
-//   exp_ps: any input; correct to about half an ulp over the normal range,
-//     overflow to +inf and gradual underflow by scalef; non-finite inputs
-//     are not special-cased here (callers blend their own results).
+//   exp_ps: |x| below about 2900 (callers clamp); within an ulp over the
+//     normal range, overflow to +inf and gradual underflow by scalef;
+//     non-finite inputs are not special-cased here (callers blend).
 //   log_ps_normal: inputs that are positive, normal and finite; callers
 //     pre-scale denormals and blend the special values.
 //   log_pd_int: integers from 2 to 2^31, a few ulp of a double.
@@ -81,16 +81,17 @@ inline __m512 load16(const std::array<float, 32>& a, int at) { return _mm512_loa
 
 }  // namespace vmath_detail
 
+// e^x for |x| up to about 2900 (beyond, callers clamp first).
 inline __m512 exp_ps(__m512 x) {
     using namespace vmath_detail;
-    // Keep n and its integer inside range; results past the clamps are
-    // overflow or zero anyway and the callers blend those.
-    x = _mm512_min_ps(_mm512_max_ps(x, _mm512_set1_ps(-120.0f)), _mm512_set1_ps(100.0f));
-    const __m512 n = _mm512_roundscale_ps(_mm512_mul_ps(x, _mm512_set1_ps(k16OverLn2)),
-                                          _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    // x 16/ln2 rounded to the integer n by adding 1.5 2^23: n lands in the
+    // low mantissa bits of t, whose low four bits index the table.
+    const __m512 magic = _mm512_set1_ps(12582912.0f);
+    const __m512 t = _mm512_fmadd_ps(x, _mm512_set1_ps(k16OverLn2), magic);
+    const __m512 n = _mm512_sub_ps(t, magic);
     __m512 r = _mm512_fnmadd_ps(n, _mm512_set1_ps(kExpHi16), x);
     r = _mm512_fnmadd_ps(n, _mm512_set1_ps(kExpLo16), r);
-    const __m512i j = _mm512_cvtps_epi32(n);
+    const __m512i j = _mm512_castps_si512(t);
     const __m512 th = _mm512_permutexvar_ps(j, _mm512_loadu_ps(kExp.hi.data()));
     const __m512 tl = _mm512_permutexvar_ps(j, _mm512_loadu_ps(kExp.lo.data()));
     __m512 p = _mm512_fmadd_ps(r, _mm512_set1_ps(1.0f / 24), _mm512_set1_ps(1.0f / 6));
@@ -98,9 +99,8 @@ inline __m512 exp_ps(__m512 x) {
     p = _mm512_fmadd_ps(p, r, _mm512_set1_ps(1.0f));
     const __m512 q = _mm512_mul_ps(p, r);  // e^r - 1
     const __m512 v = _mm512_add_ps(_mm512_fmadd_ps(th, q, tl), th);
-    const __m512 e = _mm512_roundscale_ps(_mm512_mul_ps(n, _mm512_set1_ps(0.0625f)),
-                                          _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC);
-    return _mm512_scalef_ps(v, e);
+    // scalef takes the floor of its exponent: 2^floor(n / 16).
+    return _mm512_scalef_ps(v, _mm512_mul_ps(n, _mm512_set1_ps(0.0625f)));
 }
 
 // ln x for positive, normal, finite x; eadj is added to the exponent (for
