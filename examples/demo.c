@@ -55,8 +55,19 @@ int main(void) {
         }
     }
 
-    (void)roi;
-    (void)now_ms;
+    printf("unary math:\n");
+    TIMED("taviAbs_32f_C1R", (double)w * h, taviAbs_32f_C1R(img, step32, out, stepOut, roi));
+    TIMED("taviSqr_32f_C1R", (double)w * h, taviSqr_32f_C1R(img, step32, out, stepOut, roi));
+    TIMED("taviSqrt_32f_C1R", (double)w * h, taviSqrt_32f_C1R(img, step32, out, stepOut, roi));
+    TIMED("taviLn_32f_C1R", (double)w * h, taviLn_32f_C1R(img, step32, out, stepOut, roi));
+    TIMED("taviExp_32f_C1R", (double)w * h, taviExp_32f_C1R(img, step32, out, stepOut, roi));
+    TIMED("taviSqrt_8u_C1IRSfs (sf -4)", (double)w * h, taviSqrt_8u_C1IRSfs(gray, step8, roi, -4));
+    printf("  centre pixel after sqrt x16: %d\n", gray[(size_t)(h / 2) * step8 + w / 2]);
+    printf("bad input is refused with a status and nothing written:\n");
+    printf("  taviExp_32f_C1R(null src) -> %d\n", (int)taviExp_32f_C1R(NULL, step32, out, stepOut, roi));
+    roi.width = 0;
+    printf("  taviExp_32f_C1R(width 0)  -> %d\n", (int)taviExp_32f_C1R(img, step32, out, stepOut, roi));
+
     taviFree(gray);
     taviFree(img);
     taviFree(out);
