@@ -19,11 +19,7 @@ struct Abs32f : NoStatus {
 };
 
 template <class T, Layout L>
-TavStatus abs_call(const T* s, int ss, T* d, int ds, TaviSize roi) {
-    if (TavStatus st = check_unary(s, ss, d, ds, roi)) return st;
-    std::conditional_t<std::is_same_v<T, Tav32f>, Abs32f, Abs16s> op;
-    return map_rows<T, L, 4, sizeof(T) - 1>(s, ss, d, ds, roi, op);
-}
+constexpr auto abs_call = unary_op<std::conditional_t<std::is_same_v<T, Tav32f>, Abs32f, Abs16s>, T, L, 4, sizeof(T) - 1>;
 
 }  // namespace
 }  // namespace tav::arith

@@ -139,11 +139,7 @@ struct Exp32f {
 };
 
 template <Layout L>
-TavStatus exp_32f(const Tav32f* s, int ss, Tav32f* d, int ds, TaviSize roi) {
-    if (TavStatus st = check_unary(s, ss, d, ds, roi)) return st;
-    Exp32f op;
-    return map_rows<Tav32f, L, 2, 0, Combine::Last>(s, ss, d, ds, roi, op);
-}
+constexpr auto exp_32f = unary_op<Exp32f, Tav32f, L, 2, 0, Combine::Last>;
 
 }  // namespace
 }  // namespace tav::arith

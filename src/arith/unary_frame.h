@@ -201,6 +201,14 @@ inline TavStatus map_rows(const T* s, int ss, T* d, int ds, TaviSize roi, Op& op
     });
 }
 
+// A member with no argument of its own: the checks, then Op over the rows.
+template <class Op, class T, Layout L, int kUnroll, int kStepLowBits, Combine C = Combine::First>
+TavStatus unary_op(const T* s, int ss, T* d, int ds, TaviSize roi) {
+    if (TavStatus st = check_unary(s, ss, d, ds, roi)) return st;
+    Op op;
+    return map_rows<T, L, kUnroll, kStepLowBits, C>(s, ss, d, ds, roi, op);
+}
+
 // The same over an op on 32-bit lanes.
 template <class T, Layout L, int kUnroll, int kStepLowBits, Combine C = Combine::First, class Op>
 inline TavStatus map_rows_i32(const T* s, int ss, T* d, int ds, TaviSize roi, Op& op) {

@@ -143,11 +143,7 @@ struct Ln32f {
 };
 
 template <Layout L>
-TavStatus ln_32f(const Tav32f* s, int ss, Tav32f* d, int ds, TaviSize roi) {
-    if (TavStatus st = check_unary(s, ss, d, ds, roi)) return st;
-    Ln32f op;
-    return map_rows<Tav32f, L, 2, 0, Combine::LnZeroWins>(s, ss, d, ds, roi, op);
-}
+constexpr auto ln_32f = unary_op<Ln32f, Tav32f, L, 2, 0, Combine::LnZeroWins>;
 
 }  // namespace
 }  // namespace tav::arith

@@ -122,11 +122,7 @@ struct Sqr32f : NoStatus {
 };
 
 template <Layout L>
-TavStatus sqr_32f(const Tav32f* s, int ss, Tav32f* d, int ds, TaviSize roi) {
-    if (TavStatus st = check_unary(s, ss, d, ds, roi)) return st;
-    Sqr32f op;
-    return map_rows<Tav32f, L, 4, 0>(s, ss, d, ds, roi, op);
-}
+constexpr auto sqr_32f = unary_op<Sqr32f, Tav32f, L, 4, 0>;
 
 }  // namespace
 }  // namespace tav::arith

@@ -31,11 +31,7 @@ struct Sqrt32f {
 };
 
 template <Layout L>
-TavStatus sqrt_32f(const Tav32f* s, int ss, Tav32f* d, int ds, TaviSize roi) {
-    if (TavStatus st = check_unary(s, ss, d, ds, roi)) return st;
-    Sqrt32f op;
-    return map_rows<Tav32f, L, 2, 3>(s, ss, d, ds, roi, op);
-}
+constexpr auto sqrt_32f = unary_op<Sqrt32f, Tav32f, L, 2, 3>;
 
 struct SqrtSingle : NoStatus {
     __m512 scale;
