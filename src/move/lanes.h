@@ -112,15 +112,24 @@ constexpr int lane_pos(Lane l, int es, int pixel, int channel, int b) {
 
 // An in-lane byte shuffle: output channel c of each pixel takes input
 // channel from[c]; from[c] < 0 leaves zero (for a later blend).
-inline V lane_shuffle(int es, Lane out, int outChannels, Lane in, const int* from) {
-    alignas(16) std::int8_t t[16];
-    for (int i = 0; i < 16; ++i) t[i] = -128;
+struct LaneTable {
+    std::int8_t t[16];
+};
+constexpr LaneTable lane_table(int es, Lane out, int outChannels, Lane in, const int* from) {
+    LaneTable r{};
+    for (int i = 0; i < 16; ++i) r.t[i] = -128;
     for (int p = 0; p < 4 / es; ++p)
         for (int c = 0; c < outChannels; ++c)
             for (int b = 0; b < es; ++b)
                 if (from[c] >= 0)
-                    t[lane_pos(out, es, p, c, b)] = static_cast<std::int8_t>(lane_pos(in, es, p, from[c], b));
-    return lane_broadcast(_mm_load_si128(reinterpret_cast<const __m128i*>(t)));
+                    r.t[lane_pos(out, es, p, c, b)] = static_cast<std::int8_t>(lane_pos(in, es, p, from[c], b));
+    return r;
+}
+inline V lane_vec(const LaneTable& t) {
+    return lane_broadcast(_mm_loadu_si128(reinterpret_cast<const __m128i*>(t.t)));
+}
+inline V lane_shuffle(int es, Lane out, int outChannels, Lane in, const int* from) {
+    return lane_vec(lane_table(es, out, outChannels, in, from));
 }
 
 // Byte lanes of output channel c in a lane arrangement (for blends).

@@ -58,3 +58,29 @@ inline void move_pixels(const View& src, const View& dst, int w, int h, const in
 }
 
 }  // namespace tavref
+
+namespace tavref {
+
+// Destination row x, pixel y takes source row y, pixel x; with `anti`,
+// destination row w-1-x, pixel h-1-y takes it (the other diagonal).
+inline void transpose(const std::uint8_t* s, std::ptrdiff_t ss, std::uint8_t* d, std::ptrdiff_t ds, int w, int h,
+                      int pixelBytes, bool anti = false) {
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x) {
+            const int dr = anti ? w - 1 - x : x, dc = anti ? h - 1 - y : y;
+            std::memcpy(d + dr * ds + dc * pixelBytes, s + y * ss + x * pixelBytes, pixelBytes);
+        }
+}
+
+// Flip 0: rows top to bottom; 1: each row reversed; 2: both. Only the first
+// `keptBytes` of each pixel are written (alpha stays).
+inline void mirror(const std::uint8_t* s, std::ptrdiff_t ss, std::uint8_t* d, std::ptrdiff_t ds, int w, int h,
+                   int pixelBytes, int keptBytes, int flip) {
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x) {
+            const int sy = flip == 1 ? y : h - 1 - y, sx = flip == 0 ? x : w - 1 - x;
+            std::memcpy(d + y * ds + x * pixelBytes, s + sy * ss + sx * pixelBytes, keptBytes);
+        }
+}
+
+}  // namespace tavref
