@@ -191,9 +191,13 @@ void copy_block(const void* src, std::ptrdiff_t ss, void* dst, std::ptrdiff_t ds
     _mm_sfence();
 }
 
-void copy_row_lines(const void* s, void* d, std::size_t n, bool stream) {
-    if (stream) copy_streaming(static_cast<const byte*>(s), static_cast<byte*>(d), n);
-    else copy_row_vectors(static_cast<const byte*>(s), static_cast<byte*>(d), n);
+void copy_rows(const void* src, std::ptrdiff_t ss, void* dst, std::ptrdiff_t ds, std::size_t w, std::int64_t h,
+               bool stream) {
+    auto s = static_cast<const byte*>(src);
+    auto d = static_cast<byte*>(dst);
+    if (stream) rows<copy_streaming>(s, ss, d, ds, w, h);
+    else if (w < 512) copy_small_rows(s, ss, d, ds, w, h);
+    else rows<copy_row_vectors>(s, ss, d, ds, w, h);
 }
 
 void copy_row_keep(const void* src, void* dst, std::size_t n, const KeepMask& k) {

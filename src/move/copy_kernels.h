@@ -58,10 +58,11 @@ void copy_row(const void* s, void* d, std::size_t n);
 void copy_block(const void* s, std::ptrdiff_t srcStep, void* d, std::ptrdiff_t dstStep, std::int64_t widthBytes,
                 std::int64_t height);
 
-// A row copy of n bytes with the caller's choice of stores: whole lines of
-// the destination non-temporal when `stream` (the caller fences), else
-// cached. For families that make their own streaming decision.
-void copy_row_lines(const void* s, void* d, std::size_t n, bool stream);
+// Rows of the block copy without its decisions: rows below 512 bytes by the
+// small-row kernel, longer ones brought to a line, with whole lines
+// non-temporal when `stream` (the caller fences).
+void copy_rows(const void* s, std::ptrdiff_t srcStep, void* d, std::ptrdiff_t dstStep, std::size_t widthBytes,
+               std::int64_t height, bool stream);
 
 // A row copy of n bytes that reads and writes only the kept bytes of each
 // pixel (alpha skipped, or one channel of several); the row starts on a pixel.

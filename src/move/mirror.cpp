@@ -165,14 +165,15 @@ struct Mirror {
         const int w = roi.width, h = roi.height;
         const std::uint64_t k = keep();
         const std::size_t rowBytes = std::size_t(w) * P;
-        for (int y = 0; y < h; ++y) {
-            const byte* sr = s + std::ptrdiff_t(y) * ss;
-            byte* dr = d + std::ptrdiff_t(flip == 1 ? y : h - 1 - y) * ds;
-            if (flip == 0) {
-                if (Alpha) copy_row_keep(sr, dr, rowBytes, KeepMask(P, kKept));
-                else copy_row_lines(sr, dr, rowBytes, Stream);
-            } else {
-                reverse_row<P, Stream>(sr, dr, w, k);
+        if (flip == 0 && !Alpha) {
+            // Row r to row h - 1 - r: the block copy's rows, walking the destination up.
+            copy_rows(s, ss, d + std::ptrdiff_t(h - 1) * ds, -std::ptrdiff_t(ds), rowBytes, h, Stream);
+        } else {
+            for (int y = 0; y < h; ++y) {
+                const byte* sr = s + std::ptrdiff_t(y) * ss;
+                byte* dr = d + std::ptrdiff_t(flip == 1 ? y : h - 1 - y) * ds;
+                if (flip == 0) copy_row_keep(sr, dr, rowBytes, KeepMask(P, kKept));
+                else reverse_row<P, Stream>(sr, dr, w, k);
             }
         }
         if (Stream) _mm_sfence();
