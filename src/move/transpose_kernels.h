@@ -42,19 +42,14 @@ inline void lanes4x4(const V* x, V* out) {
     out[3] = lanes::shuffle_lanes<_MM_SHUFFLE(3, 1, 3, 1)>(c1, c3);
 }
 
-template <int E>
-inline V unpack_lo(V a, V b) {
-    if constexpr (E == 1) return _mm512_unpacklo_epi8(a, b);
-    else if constexpr (E == 2) return _mm512_unpacklo_epi16(a, b);
-    else if constexpr (E == 4) return _mm512_maskz_unpacklo_epi32(0xFFFF, a, b);
-    else return _mm512_maskz_unpacklo_epi64(0xFF, a, b);
-}
-template <int E>
-inline V unpack_hi(V a, V b) {
-    if constexpr (E == 1) return _mm512_unpackhi_epi8(a, b);
-    else if constexpr (E == 2) return _mm512_unpackhi_epi16(a, b);
-    else if constexpr (E == 4) return _mm512_maskz_unpackhi_epi32(0xFFFF, a, b);
-    else return _mm512_maskz_unpackhi_epi64(0xFF, a, b);
+// The low (or high) halves of each lane's elements of a and b, interleaved.
+template <int E, bool High>
+inline V unpack(V a, V b) {
+    if constexpr (E == 1) return High ? _mm512_unpackhi_epi8(a, b) : _mm512_unpacklo_epi8(a, b);
+    else if constexpr (E == 2) return High ? _mm512_unpackhi_epi16(a, b) : _mm512_unpacklo_epi16(a, b);
+    else if constexpr (E == 4)
+        return High ? _mm512_maskz_unpackhi_epi32(0xFFFF, a, b) : _mm512_maskz_unpacklo_epi32(0xFFFF, a, b);
+    else return High ? _mm512_maskz_unpackhi_epi64(0xFF, a, b) : _mm512_maskz_unpacklo_epi64(0xFF, a, b);
 }
 
 // L rows of L elements of E bytes in each lane transposed in that lane:
@@ -64,8 +59,8 @@ inline void lane_transpose(V* r) {
     for (int round = 1; round < L; round *= 2) {
         V t[L];
         for (int i = 0; i < L / 2; ++i) {
-            t[2 * i] = unpack_lo<E>(r[i], r[i + L / 2]);
-            t[2 * i + 1] = unpack_hi<E>(r[i], r[i + L / 2]);
+            t[2 * i] = unpack<E, false>(r[i], r[i + L / 2]);
+            t[2 * i + 1] = unpack<E, true>(r[i], r[i + L / 2]);
         }
         for (int i = 0; i < L; ++i) r[i] = t[i];
     }
