@@ -44,7 +44,7 @@ struct Scale {
     __m128i count;
     __m512i low{}, half{}, limit{}, max;
 
-    Scale(int f, int maxOut) : count(_mm_cvtsi32_si128(f > 0 ? f : -f)), max(U::set1(maxOut)) {
+    Scale(int f, int maxOut) : count(_mm_cvtsi32_si128(P == Path::Down ? f : P == Path::Up ? -f : 0)), max(U::set1(maxOut)) {
         if constexpr (P == Path::Down) {  // 1 <= f <= kBits
             low = U::set1(static_cast<int>(f == 32 ? 0xffffffffu : (1u << f) - 1));
             half = U::set1(static_cast<int>(1u << (f - 1)));

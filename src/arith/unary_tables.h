@@ -53,7 +53,7 @@ constexpr int sqrt_scaled_down(std::uint64_t x, int f) {
 constexpr int sqrt_scaled(std::uint64_t x, int f, int cap) {
     if (f <= 0) {
         if (x == 0) return 0;
-        if (-f >= 24) return cap;  // 2^24 is beyond every cap here
+        if (f <= -24) return cap;  // 2^24 is beyond every cap here
         return sqrt_scaled_up(x, -f, cap);
     }
     const int r = sqrt_scaled_down(x, f);

@@ -180,20 +180,5 @@ TEST(UnaryFloat, RowStatusesMakeTheCallStatus) {
     }
 }
 
-// Alpha of AC4 is neither read nor written: a negative alpha raises no
-// square-root warning.
-TEST(UnaryFloat, Ac4AlphaTakesNoPart) {
-    Image<float> src(4 * 9, 2), dst(4 * 9, 2);
-    src.fill(1, 4);
-    for (int p = 0; p < 9; ++p) src.at(4 * p + 3, 1) = -1.0f;
-    const auto before = dst.snapshot();
-    EXPECT_EQ(taviSqrt_32f_AC4R(src.ptr(), src.step(), dst.ptr(), dst.step(), TaviSize{9, 2}), tavOk);
-    for (int y = 0; y < 2; ++y)
-        for (int p = 0; p < 9; ++p) {
-            EXPECT_EQ(bits_of(dst.at(4 * p + 3, y)), bits_of(reinterpret_cast<const float*>(before.data() + y * dst.step())[4 * p + 3]));
-            EXPECT_EQ(dst.at(4 * p, y), std::sqrt(src.at(4 * p, y)));
-        }
-}
-
 }  // namespace
 }  // namespace tavtest::unary

@@ -3,6 +3,7 @@
 // precision; the special cases the families name.
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cmath>
 #include <limits>
 
@@ -40,7 +41,7 @@ void whole_range(Fam fam, const char* name, const std::vector<int>& factors) {
         ASSERT_EQ(invoke<T>(oop, src.ptr(), src.step(), dst.ptr(), dst.step(), TaviSize{n, 1}, sf), want) << name << " " << sf;
         for (int i = 0; i < n; ++i) {
             const T x = src.row(0)[i];
-            const T r = fam == Fam::Sqrt || fam == Fam::Ln ? ref::scaled<T>(base[i], sf) : ref_elem(fam, x, sf);
+            const T r = (fam == Fam::Sqrt || fam == Fam::Ln) && x > 0 ? ref::scaled<T>(base[i], sf) : ref_elem(fam, x, sf);
             if (dst.row(0)[i] != r) {
                 FAIL() << name << " scaleFactor " << sf << " x " << +x << ": got " << +dst.row(0)[i] << ", expected " << +r;
             }
@@ -52,8 +53,9 @@ void whole_range(Fam fam, const char* name, const std::vector<int>& factors) {
     }
 }
 
+// A run of factors, and the extremes of int.
 std::vector<int> span(int lo, int hi, int by = 1) {
-    std::vector<int> v;
+    std::vector<int> v{INT_MIN, INT_MAX};
     for (int f = lo; f <= hi; f += by) v.push_back(f);
     return v;
 }
@@ -79,7 +81,7 @@ TEST(UnaryRange, Ln) {
 TEST(UnaryRange, Exp) {
     std::vector<int> f8 = span(-10, 20);
     for (int f : span(21, 400, 7)) f8.push_back(f);
-    f8.insert(f8.end(), {1074, 1075, 5000, INT_MAX, INT_MIN});
+    f8.insert(f8.end(), {1074, 1075, 5000});
     whole_range<Tav8u>(Fam::Exp, "Exp_8u", f8);
     const std::vector<int> f16 = {INT_MIN, -47300, -47280, -40000, -1000, -100, -30, -17, -16, -8, -2, -1, 0,
                                   1,       2,      5,      9,      16,    17,   30,  100, 1000, 23000, 47270, INT_MAX};
@@ -161,26 +163,6 @@ TEST(UnaryCases, NamedValues) {
     taviSqr_16s_C1RSfs(big + 2, 8, r, 8, TaviSize{2, 1}, 0);
     EXPECT_EQ(r[0], 32761);
     EXPECT_EQ(r[1], 32767);
-}
-
-// Integer logarithms: a zero anywhere ends the call with the warning, all
-// rows still done; negative 16s inputs give 0 quietly.
-TEST(UnaryCases, LnIntegerZeroWarning) {
-    Image<Tav16s> src(40, 3), dst(40, 3);
-    src.fill_with([](int x, int y) { return Tav16s(y == 1 && x == 33 ? 0 : x < 5 ? -1 - x : x + 100 * y); });
-    EXPECT_EQ(taviLn_16s_C1RSfs(src.ptr(), src.step(), dst.ptr(), dst.step(), TaviSize{40, 3}, -4), tavWarnLnZeroArg);
-    EXPECT_EQ(dst.at(39, 2), ref::ln<Tav16s>(239, -4));
-    EXPECT_EQ(dst.at(33, 1), 0);
-    EXPECT_EQ(dst.at(0, 0), 0);  // ln of -5
-    src.at(33, 1) = 1;
-    EXPECT_EQ(taviLn_16s_C1RSfs(src.ptr(), src.step(), dst.ptr(), dst.step(), TaviSize{40, 3}, -4), tavOk);
-    // Factors past every threshold write 0 and still report the zero.
-    src.at(3, 2) = 0;
-    EXPECT_EQ(taviLn_16s_C1RSfs(src.ptr(), src.step(), dst.ptr(), dst.step(), TaviSize{40, 3}, 50), tavWarnLnZeroArg);
-    // A masked-off tail lane is not an element: no zero seen.
-    Tav8u row[3] = {7, 9, 0};
-    Tav8u out[3];
-    EXPECT_EQ(taviLn_8u_C1RSfs(row, 3, out, 3, TaviSize{2, 1}, 0), tavOk);
 }
 
 }  // namespace

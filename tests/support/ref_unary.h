@@ -30,9 +30,10 @@ T scale(unsigned long long s, int f) {
     if (f == 0) return saturate<T>(static_cast<long long>(s));
     if (f < 0) {
         // Anything that reaches 2^32 saturates every destination type here.
-        const int k = -f;
         if (s == 0) return 0;
-        if (k >= 32 || s > (0xffffffffull >> k)) return saturate<T>(1ll << 40);
+        if (f <= -32) return saturate<T>(1ll << 40);
+        const int k = -f;
+        if (s > (0xffffffffull >> k)) return saturate<T>(1ll << 40);
         return saturate<T>(static_cast<long long>(s << k));
     }
     if (f >= 64) return 0;
@@ -74,7 +75,8 @@ T round_saturate(long double v) {
 // their exact value v is known.
 template <class T>
 T scaled(long double v, int f) {
-    return round_saturate<T>(v * std::ldexp(1.0L, -f));
+    // Far beyond +-16000 every scaled value is 0 or saturated alike.
+    return round_saturate<T>(v * std::ldexp(1.0L, f < -16000 ? 16000 : f > 16000 ? -16000 : -f));
 }
 
 // Integer square root: round(sqrt(x) 2^-f). A negative input has no real
