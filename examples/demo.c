@@ -4,6 +4,7 @@
 #include <math.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 #include <time.h>
 
 #include "tavi.h"
@@ -63,6 +64,38 @@ int main(void) {
     TIMED("taviExp_32f_C1R", (double)w * h, taviExp_32f_C1R(img, step32, out, stepOut, roi));
     TIMED("taviSqrt_8u_C1IRSfs (sf -4)", (double)w * h, taviSqrt_8u_C1IRSfs(gray, step8, roi, -4));
     printf("  centre pixel after sqrt x16: %d\n", gray[(size_t)(h / 2) * step8 + w / 2]);
+    printf("data movement:\n");
+    {
+        int stepCopy = 0, stepRgb = 0, stepT = 0;
+        const int bgr[3] = {2, 1, 0};
+        const Tav8u grey3[3] = {128, 128, 128};
+        TaviSize troi = {h, w};
+        Tav8u* copy = taviMalloc_8u_C1(w, h, &stepCopy);
+        Tav8u* rgb = taviMalloc_8u_C3(w, h, &stepRgb);
+        Tav8u* tr = taviMalloc_8u_C1(h, w, &stepT);
+        if (copy && rgb && tr) {
+            TIMED("taviSet_8u_C1R", (double)w * h, taviSet_8u_C1R(0, copy, stepCopy, roi));
+            TIMED("taviCopy_8u_C1R", (double)w * h, taviCopy_8u_C1R(gray, step8, copy, stepCopy, roi));
+            TIMED("taviSet_8u_C3R", (double)w * h, taviSet_8u_C3R(grey3, rgb, stepRgb, roi));
+            TIMED("taviDup_8u_C1C3R", (double)w * h, taviDup_8u_C1C3R(gray, step8, rgb, stepRgb, roi));
+            TIMED("taviSwapChannels_8u_C3IR", (double)w * h, taviSwapChannels_8u_C3IR(rgb, stepRgb, roi, bgr));
+            TIMED("taviCopy_8u_C3C1R (green)", (double)w * h, taviCopy_8u_C3C1R(rgb + 1, stepRgb, copy, stepCopy, roi));
+            TIMED("taviTranspose_8u_C1R", (double)w * h, taviTranspose_8u_C1R(gray, step8, tr, stepT, roi));
+            TIMED("taviTranspose_8u_C1R back", (double)w * h, taviTranspose_8u_C1R(tr, stepT, copy, stepCopy, troi));
+            {
+                int same = 1;
+                for (y = 0; y < h && same; ++y)
+                    same = memcmp(copy + (size_t)y * stepCopy, gray + (size_t)y * step8, (size_t)w) == 0;
+                printf("  transposed twice equals the original: %s\n", same ? "yes" : "no");
+            }
+            TIMED("taviMirror_8u_C1IR (both)", (double)w * h, taviMirror_8u_C1IR(copy, stepCopy, roi, tavAxsBoth));
+            printf("  taviMirror_8u_C3R(flip 3) -> %d (diagonal flips are one-channel only)\n",
+                   (int)taviMirror_8u_C3R(rgb, stepRgb, rgb, stepRgb, roi, tavAxs45));
+        }
+        taviFree(copy);
+        taviFree(rgb);
+        taviFree(tr);
+    }
     printf("bad input is refused with a status and nothing written:\n");
     printf("  taviExp_32f_C1R(null src) -> %d\n", (int)taviExp_32f_C1R(NULL, step32, out, stepOut, roi));
     roi.width = 0;
