@@ -197,6 +197,8 @@ void copy_rows(const void* src, std::ptrdiff_t ss, void* dst, std::ptrdiff_t ds,
     auto d = static_cast<byte*>(dst);
     if (stream) rows<copy_streaming>(s, ss, d, ds, w, h);
     else if (w < 512) copy_small_rows(s, ss, d, ds, w, h);
+    else if (((ds | reinterpret_cast<std::intptr_t>(d) | static_cast<std::ptrdiff_t>(w)) & 31) == 0)
+        rows<copy_aligned32>(s, ss, d, ds, w, h);
     else rows<copy_row_vectors>(s, ss, d, ds, w, h);
 }
 
