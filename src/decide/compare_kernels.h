@@ -104,6 +104,14 @@ template <class T, Layout L, bool Full, class A, class B, class Test>
 inline std::uint64_t step_bits(const A& a, const B& b, std::size_t e0, std::size_t remaining, const Test& test) {
     constexpr std::size_t W = kLanes<T>;
     constexpr int NV = static_cast<int>(64 * kChannels<L> / W);
+    if constexpr (L == Layout::C1 && W < 64 && Full) {
+        // One channel: the masks join in mask registers, never passing
+        // through general registers.
+        Mask<T> m[NV];
+        for (int v = 0; v < NV; ++v) m[v] = test(a.get(e0 + v * W, 0), b.get(e0 + v * W, 0));
+        if constexpr (W == 32) return _mm512_kunpackd(m[1], m[0]);
+        else return _mm512_kunpackd(_mm512_kunpackw(m[3], m[2]), _mm512_kunpackw(m[1], m[0]));
+    }
     std::uint64_t w[kChannels<L>] = {};
     for (int v = 0; v < NV; ++v) {
         const std::size_t at = v * W;
