@@ -60,6 +60,13 @@ TEST(MoveGates, SmallCallsDoNotAsk) {
         taviSet_8u_C3R(v3, dst.ptr(), dst.step(), {600, 64});
         taviSet_32f_C4R(reinterpret_cast<const Tav32f*>(src.ptr()), reinterpret_cast<Tav32f*>(dst.ptr()),
                         dst.step(), {128, 64});
+        // Mirrors and planar copies below their gates.
+        taviMirror_8u_C4R(src.ptr(), 2048, dst.ptr(), dst.step(), {512, 64}, 1);
+        taviMirror_8u_C1R(src.ptr(), 2048, dst.ptr(), dst.step(), {2048, 64}, 0);
+        Tav8u* const planes[3] = {dst.ptr(), dst.ptr() + 640, dst.ptr() + 1280};
+        taviCopy_8u_C3P3R(src.ptr(), 2048, planes, dst.step(), {640, 64});
+        taviTranspose_32s_C4R(reinterpret_cast<const Tav32s*>(src.ptr()), 2048, reinterpret_cast<Tav32s*>(dst.ptr()),
+                              1024, {128, 16});
     });
     if (n >= 0) {
         EXPECT_EQ(n, 0);
