@@ -216,13 +216,13 @@ struct S16Lanes {
 };
 
 // Products of bytes in 32-bit lanes, positions kept: 16-bit products of the
-// even and odd bytes, each split again. 66052 * 65025 fits.
+// even and odd bytes, each split again. 66051 * 65025 fits.
 struct ProdBytesLanes {
     using Lane = uint32_t;
     using Total = uint64_t;
     static constexpr int kElems = 64, kAcc = 4, stride = 4;
     static constexpr int base[kAcc] = {0, 2, 1, 3};
-    static constexpr int64_t kCap = 66052;
+    static constexpr int64_t kCap = 66051;
     static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
         const __m512i m8 = _mm512_set1_epi16(0xff), m16 = _mm512_set1_epi32(0xffff);
         const __m512i pe = _mm512_mullo_epi16(_mm512_and_si512(x, m8), _mm512_and_si512(y, m8));
