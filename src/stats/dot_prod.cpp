@@ -1,10 +1,11 @@
 // taviDotProd: sums of products of two images by channel, in double
 // precision; taviDotProdCol: a column-wise dot product of rows with a vector.
 //
-// 8u and 16-bit products are summed exactly in integer lanes. 32-bit types
-// and 32f widen each element to double and accumulate by fused multiply-add
-// in double lanes across the whole image. AC4 runs one scalar loop in row
-// order, a fused step a channel, from results cleared first.
+// Integer products are summed exactly in integer lanes (32-bit ones in
+// 128-bit totals) and rounded once. 32f widens each element to double and
+// accumulates by fused multiply-add in double lanes across the whole image.
+// AC4 runs one scalar loop in row order, a fused step a channel, from results
+// cleared first.
 #include <cmath>
 
 #include "stats/reduce.h"
@@ -27,7 +28,18 @@ struct ProdLanes<Tav16u> {
 template <>
 struct ProdLanes<Tav16s> {
     template <Layout L>
-    using type = ProdS16Lanes;
+    using type = std::conditional_t<L == Layout::C1, ProdS16C1Lanes, ProdS16Lanes>;
+};
+
+template <>
+struct ProdLanes<Tav32u> {
+    template <Layout L>
+    using type = ProdI32Lanes<false>;
+};
+template <>
+struct ProdLanes<Tav32s> {
+    template <Layout L>
+    using type = ProdI32Lanes<true>;
 };
 
 template <class T, Layout L>
@@ -45,22 +57,17 @@ struct IntDot {
     void flush() { bank.flush(); }
 };
 
-// Eight elements widened to double a step.
-template <class T>
-inline __m512d widen8(const T* p, int64_t valid, bool full) {
-    const __mmask8 m = simd::first_lanes<double>(valid);
-    if constexpr (std::is_same_v<T, Tav32f>) {
-        return _mm512_cvtps_pd(full ? _mm256_loadu_ps(p) : _mm256_maskz_loadu_ps(m, p));
-    } else {
-        const __m256i x = full ? _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)) : _mm256_maskz_loadu_epi32(m, p);
-        if constexpr (std::is_same_v<T, Tav32u>) return _mm512_cvtepu32_pd(x);
-        else return _mm512_cvtepi32_pd(x);
-    }
+// Eight floats widened to double a step.
+inline __m512d widen8(const Tav32f* p, int64_t valid, bool full) {
+    return _mm512_cvtps_pd(full ? _mm256_loadu_ps(p) : _mm256_maskz_loadu_ps(simd::first_lanes<double>(valid), p));
 }
 
+// One channel keeps two 8-lane accumulators, sixteen elements a step.
 template <class T, Layout L>
 struct WideDot {
-    static constexpr int kElems = 8, kSteps = block_steps<L>(2), kBlock = kElems * kSteps;
+    static constexpr int kElems = 8;
+    static constexpr int kSteps = block_steps<L>(2);
+    static constexpr int kBlock = kElems * kSteps;
     __m512d acc[kSteps];
     WideDot() {
         for (auto& a : acc) a = _mm512_setzero_pd();
@@ -92,7 +99,7 @@ TavStatus dot(const T* a, int sa, const T* b, int sb, TaviSize roi, Tav64f* out)
         for (int y = 0; y < roi.height; ++y, a = advance(a, sa), b = advance(b, sb))
             for (int x = 0; x < roi.width; ++x)
                 for (int c = 0; c < 3; ++c) out[c] = std::fma(double(a[4 * x + c]), double(b[4 * x + c]), out[c]);
-    } else if constexpr (sizeof(T) <= 2) {
+    } else if constexpr (!std::is_same_v<T, Tav32f>) {
         int64_t n = row_elems<L>(roi.width);
         int h = roi.height;
         join_rows<T>(n, h, {sa, sb});

@@ -100,8 +100,8 @@ struct PosTotals {
     W v[B] = {};
     // Adds the lanes of an accumulator whose lane j holds position base + j * stride.
     template <class Lane, int N>
-    void add(const Lane (&lanes)[N], int base, int stride) {
-        for (int j = 0; j < N; ++j) v[base + j * stride] += static_cast<W>(lanes[j]);
+    void add(const Lane (&lanes)[N], int base, int stride, W weight) {
+        for (int j = 0; j < N; ++j) v[base + j * stride] += static_cast<W>(lanes[j]) * weight;
     }
     // Channel totals: position p belongs to channel p % C.
     template <int C, class O>
@@ -113,24 +113,31 @@ struct PosTotals {
 
 // Spills vector x, read as N lanes of Lane, into totals at base + j * stride.
 template <class Lane, class W, int B, class V>
-inline void spill(PosTotals<W, B>& t, V x, int base, int stride) {
+inline void spill(PosTotals<W, B>& t, V x, int base, int stride, W weight = 1) {
     constexpr int N = 64 / sizeof(Lane);
     alignas(64) Lane lanes[N];
     _mm512_store_si512(reinterpret_cast<__m512i*>(lanes), x);
-    t.add(lanes, base, stride);
+    t.add(lanes, base, stride, weight);
 }
 
 // ---- exact integer accumulation ---------------------------------------------
 // A bank keeps kAcc narrow accumulators for each step of a block. The lane
 // policy `Lanes` says how a step's vectors add into them, which element
-// position of the step lane j of accumulator i holds (base[i] + j * stride),
-// and how many blocks fit before the lanes could overflow; the bank then
-// spills them into exact per-position totals.
+// position of the step lane j of accumulator i holds (base[i] + j * stride)
+// and with what weight, and how many blocks fit before the lanes could
+// overflow; the bank then spills them into exact per-position totals. Lanes
+// that add a bias to each call (kBias, one-channel only) get it taken off.
+template <class Lanes>
+constexpr typename Lanes::Total weight_of(int i) {
+    if constexpr (requires { Lanes::weight; }) return Lanes::weight[i];
+    else return 1;
+}
+
 template <class Lanes, int V>
 struct Bank {
     static constexpr int kBlock = Lanes::kElems * V;
     __m512i acc[V][Lanes::kAcc];
-    int64_t used = 0;
+    int64_t used = 0, calls = 0;
     PosTotals<typename Lanes::Total, kBlock> tot;
     Bank() { clear(); }
     void clear() {
@@ -141,6 +148,7 @@ struct Bank {
     template <int K, class... X>
     void add(X... x) {
         Lanes::add(acc[K], x...);
+        if constexpr (requires { Lanes::kBias; }) ++calls;
     }
     int64_t room() const { return Lanes::kCap - used; }
     void use(int64_t b) {
@@ -149,8 +157,13 @@ struct Bank {
     void flush() {
         for (int k = 0; k < V; ++k)
             for (int i = 0; i < Lanes::kAcc; ++i)
-                spill<typename Lanes::Lane>(tot, acc[k][i], k * Lanes::kElems + Lanes::base[i], Lanes::stride);
+                spill<typename Lanes::Lane>(tot, acc[k][i], k * Lanes::kElems + Lanes::base[i], Lanes::stride,
+                                            weight_of<Lanes>(i));
         clear();
+        if constexpr (requires { Lanes::kBias; }) {
+            tot.v[0] -= calls * Lanes::kBias;
+            calls = 0;
+        }
     }
     // Channel totals of a layout of period C, after a last flush.
     template <int C, class O>
@@ -250,22 +263,22 @@ struct ProdBytesC1Lanes {
     }
 };
 
-// Products of unsigned 16-bit values, exact in 64-bit lanes: each dword of
-// the halves is multiplied by the 32x32->64 multiply of its qword.
+// Products of unsigned 16-bit values as their low and high 16-bit halves,
+// each half summed like U16Lanes, the high sums weighted by 2^16 when spilled.
 struct ProdU16Lanes {
-    using Lane = uint64_t;
+    using Lane = uint32_t;
     using Total = uint64_t;
-    static constexpr int kElems = 32, kAcc = 4, stride = 4;
-    static constexpr int base[kAcc] = {0, 2, 1, 3};
-    static constexpr int64_t kCap = kNoLimit;
+    static constexpr int kElems = 32, kAcc = 4, stride = 2;
+    static constexpr int base[kAcc] = {0, 1, 0, 1};
+    static constexpr Total weight[kAcc] = {1, 1, 65536, 65536};
+    static constexpr int64_t kCap = 65537;
     static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
         const __m512i m16 = _mm512_set1_epi32(0xffff);
-        const __m512i xe = _mm512_and_si512(x, m16), ye = _mm512_and_si512(y, m16);
-        const __m512i xo = _mm512_srli_epi32(x, 16), yo = _mm512_srli_epi32(y, 16);
-        a[0] = _mm512_add_epi64(a[0], _mm512_mul_epu32(xe, ye));
-        a[1] = _mm512_add_epi64(a[1], _mm512_mul_epu32(_mm512_srli_epi64(xe, 32), _mm512_srli_epi64(ye, 32)));
-        a[2] = _mm512_add_epi64(a[2], _mm512_mul_epu32(xo, yo));
-        a[3] = _mm512_add_epi64(a[3], _mm512_mul_epu32(_mm512_srli_epi64(xo, 32), _mm512_srli_epi64(yo, 32)));
+        const __m512i lo = _mm512_mullo_epi16(x, y), hi = _mm512_mulhi_epu16(x, y);
+        a[0] = _mm512_add_epi32(a[0], _mm512_and_si512(lo, m16));
+        a[1] = _mm512_add_epi32(a[1], _mm512_srli_epi32(lo, 16));
+        a[2] = _mm512_add_epi32(a[2], _mm512_and_si512(hi, m16));
+        a[3] = _mm512_add_epi32(a[3], _mm512_srli_epi32(hi, 16));
     }
 };
 
@@ -284,6 +297,47 @@ struct ProdS16Lanes {
         a[1] = _mm512_add_epi64(a[1], _mm512_srai_epi64(pe, 32));
         a[2] = _mm512_add_epi64(a[2], _mm512_srai_epi64(_mm512_slli_epi64(po, 32), 32));
         a[3] = _mm512_add_epi64(a[3], _mm512_srai_epi64(po, 32));
+    }
+};
+
+// Products of signed 16-bit values of one channel: a multiply-add pairs two
+// products in a dword, which wraps only for a sum of exactly 2^31. Biased by
+// 2^31 - 2^16 the dword is unsigned without wrapping; it is zero-extended
+// into 64-bit lanes and the bias of every call comes off at the end.
+struct ProdS16C1Lanes {
+    using Lane = uint64_t;
+    using Total = int64_t;
+    static constexpr int kElems = 32, kAcc = 2, stride = 4;
+    static constexpr int base[kAcc] = {0, 2};
+    static constexpr int64_t kCap = kNoLimit;
+    static constexpr int64_t kBias = 16 * ((int64_t{1} << 31) - 65536);
+    static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
+        const __m512i r = _mm512_add_epi32(_mm512_madd_epi16(x, y), _mm512_set1_epi32(0x7fff0000));
+        a[0] = _mm512_add_epi64(a[0], _mm512_and_si512(r, _mm512_set1_epi64(0xffffffff)));
+        a[1] = _mm512_add_epi64(a[1], _mm512_srli_epi64(r, 32));
+    }
+};
+
+// Products of 32-bit values, exact: the 64-bit products of the even and the
+// odd dwords, each split into a low unsigned and a high part summed in 64-bit
+// lanes and weighted by 2^32 into 128-bit totals.
+template <bool Signed>
+struct ProdI32Lanes {
+    using Lane = int64_t;
+    using Total = __int128;
+    static constexpr int kElems = 16, kAcc = 4, stride = 2;
+    static constexpr int base[kAcc] = {0, 0, 1, 1};
+    static constexpr Total weight[kAcc] = {1, Total{1} << 32, 1, Total{1} << 32};
+    static constexpr int64_t kCap = kNoLimit;
+    static __m512i mul(__m512i x, __m512i y) { return Signed ? _mm512_mul_epi32(x, y) : _mm512_mul_epu32(x, y); }
+    static __m512i high(__m512i p) { return Signed ? _mm512_srai_epi64(p, 32) : _mm512_srli_epi64(p, 32); }
+    static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
+        const __m512i lo = _mm512_set1_epi64(0xffffffff);
+        const __m512i pe = mul(x, y), po = mul(_mm512_srli_epi64(x, 32), _mm512_srli_epi64(y, 32));
+        a[0] = _mm512_add_epi64(a[0], _mm512_and_si512(pe, lo));
+        a[1] = _mm512_add_epi64(a[1], high(pe));
+        a[2] = _mm512_add_epi64(a[2], _mm512_and_si512(po, lo));
+        a[3] = _mm512_add_epi64(a[3], high(po));
     }
 };
 

@@ -60,14 +60,20 @@ inline double relative_of(const NormSums& num, const NormSums& den, NormKind k, 
     return k == NormKind::L2 ? std::sqrt(n / d) : n / d;
 }
 
-// Dot product per channel: exact for integers (as long double), long double
-// otherwise.
+// Dot product per channel: integers exactly (rounded once to double at the
+// end by the caller's conversion), floats in long double.
 template <class T>
 std::vector<long double> dot(const T* a, std::ptrdiff_t sa, const T* b, std::ptrdiff_t sb, int w, int h, int ch) {
     std::vector<long double> r(ch, 0);
-    for (int y = 0; y < h; ++y)
-        for (int x = 0; x < w; ++x)
-            for (int c = 0; c < ch; ++c) r[c] += (long double)px(a, sa, x, y, c, ch) * (long double)px(b, sb, x, y, c, ch);
+    for (int c = 0; c < ch; ++c) {
+        __int128 exact = 0;
+        for (int y = 0; y < h; ++y)
+            for (int x = 0; x < w; ++x) {
+                if constexpr (std::is_integral_v<T>) exact += (__int128)px(a, sa, x, y, c, ch) * px(b, sb, x, y, c, ch);
+                else r[c] += (long double)px(a, sa, x, y, c, ch) * (long double)px(b, sb, x, y, c, ch);
+            }
+        if constexpr (std::is_integral_v<T>) r[c] = (long double)(double)exact;
+    }
     return r;
 }
 
