@@ -5,11 +5,6 @@ namespace {
 
 using namespace tavbench;
 
-template <class T>
-void keep(T v) {
-    benchmark::DoNotOptimize(v);
-}
-
 const bool registered = [] {
     // Sums and means.
     ours<Tav8u>("taviSum_8u_C1R", 1, 0, 255, [](auto& a, Size2 s) { Tav64f r; taviSum_8u_C1R(a.p(), a.step, {s.w, s.h}, &r); keep(r); });

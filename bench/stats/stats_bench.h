@@ -9,6 +9,11 @@
 
 namespace tavbench {
 
+template <class T>
+void keep(T v) {
+    benchmark::DoNotOptimize(v);
+}
+
 // A tight image of w x h pixels of `ch` elements of T, uniform in [lo, hi].
 template <class T>
 struct Img {

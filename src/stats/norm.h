@@ -161,51 +161,22 @@ struct IntMax {
 inline __m512 fabs(__m512 v) { return _mm512_abs_ps(v); }
 inline __m512d fabs(__m512d v) { return _mm512_abs_pd(v); }
 
-// Inf: largest |x| or |x1 - x2| (and |x2|) in float lanes.
-template <Form F, Layout L>
-struct FloatMax {
-    static constexpr int kElems = 16, kSteps = block_steps<L>(2), kBlock = kElems * kSteps;
-    __m512 num[kSteps], den[kSteps];
-    FloatMax() {
-        for (int k = 0; k < kSteps; ++k) num[k] = den[k] = _mm512_setzero_ps();
-    }
-    template <int K, bool Full, class... S>
-    void step(int64_t valid, const S*... src) {
-        const auto m = simd::first_lanes<float>(valid);
-        const __m512 x[] = {(Full ? simd::load(src) : simd::load(src, m))...};
-        const __m512 v = F == Form::Plain ? x[0] : _mm512_sub_ps(x[0], x[sizeof...(S) - 1]);
-        num[K] = _mm512_max_ps(num[K], fabs(v));
-        if constexpr (F == Form::Rel) den[K] = _mm512_max_ps(den[K], fabs(x[1]));
-    }
-    int64_t room() const { return kNoLimit; }
-    void use(int64_t) {}
-    void flush() {}
-    template <int C>
-    static void fold(const __m512 (&v)[kSteps], double* out) {
-        alignas(64) float l[kBlock];
-        for (int k = 0; k < kSteps; ++k) _mm512_store_ps(l + k * kElems, v[k]);
-        float r[C] = {};
-        for (int p = 0; p < kBlock; ++p) keep_max(r[p % C], l[p]);
-        for (int c = 0; c < C; ++c) out[c] = r[c];
-    }
-    template <int C>
-    void finish(double* numOut, double* denOut) const {
-        fold<C>(num, numOut);
-        if constexpr (F == Form::Rel) fold<C>(den, denOut);
-    }
-};
-
-// L1, L2 in single precision: sixteen-lane accumulators across the image,
-// fused multiply-add for L2, all lanes of a channel added in single precision
-// at the end.
+// 32f in single precision, sixteen-lane accumulators across the image: Inf
+// keeps the largest |x| or |x1 - x2| (and |x2|); L1 adds magnitudes and L2
+// squares by fused multiply-add; the lanes of a channel are folded in single
+// precision at the end and widened.
 template <Norm N, Form F, Layout L>
-struct FloatSums {
+struct FloatLanes {
     static constexpr int kElems = 16, kSteps = block_steps<L>(2), kBlock = kElems * kSteps;
     __m512 num[kSteps], den[kSteps];
-    FloatSums() {
+    FloatLanes() {
         for (int k = 0; k < kSteps; ++k) num[k] = den[k] = _mm512_setzero_ps();
     }
-    static __m512 acc(__m512 a, __m512 v) { return N == Norm::L1 ? _mm512_add_ps(a, fabs(v)) : _mm512_fmadd_ps(v, v, a); }
+    static __m512 acc(__m512 a, __m512 v) {
+        if constexpr (N == Norm::Inf) return _mm512_max_ps(a, fabs(v));
+        else if constexpr (N == Norm::L1) return _mm512_add_ps(a, fabs(v));
+        else return _mm512_fmadd_ps(v, v, a);
+    }
     template <int K, bool Full, class... S>
     void step(int64_t valid, const S*... src) {
         const auto m = simd::first_lanes<float>(valid);
@@ -221,7 +192,10 @@ struct FloatSums {
         alignas(64) float l[kBlock];
         for (int k = 0; k < kSteps; ++k) _mm512_store_ps(l + k * kElems, v[k]);
         float r[C] = {};
-        for (int p = 0; p < kBlock; ++p) r[p % C] += l[p];
+        for (int p = 0; p < kBlock; ++p) {
+            if constexpr (N == Norm::Inf) keep_max(r[p % C], l[p]);
+            else r[p % C] += l[p];
+        }
         for (int c = 0; c < C; ++c) out[c] = r[c];
     }
     template <int C>
@@ -320,15 +294,11 @@ void norm_32f(const float* a, std::ptrdiff_t sa, const float* b, std::ptrdiff_t 
               double* num, double* den) {
     constexpr int C = kPeriod<L>;
     const int64_t n = row_elems<L>(w);
-    if constexpr (N == Norm::Inf) {
-        FloatMax<F, L> p;
+    if (N == Norm::Inf || hint != tavAlgHintAccurate) {
+        FloatLanes<N, F, L> p;
         run<F>(p, a, sa, b, sb, n, h);
         p.template finish<C>(num, den);
-    } else if (hint != tavAlgHintAccurate) {
-        FloatSums<N, F, L> p;
-        run<F>(p, a, sa, b, sb, n, h);
-        p.template finish<C>(num, den);
-    } else {
+    } else if constexpr (N != Norm::Inf) {
         // Pairs of columns; an odd last column goes to the odd totals alone.
         double ne[C] = {}, no[C] = {}, de[C] = {}, dd[C] = {};
         const int64_t pairs = row_elems<L>(w & ~1);
