@@ -41,12 +41,32 @@ struct WithK {
     V apply(V x, V, V c, M) const { return core(x, c); }
 };
 
+// Whether an out-of-place image is written around the cache: contiguous rows
+// count as one row for the gate.
+template <class T, Layout L>
+bool streams(const void* d, const void* x, const void* y, std::ptrdiff_t xStep, std::ptrdiff_t yStep, std::ptrdiff_t dStep,
+             int64_t width, int64_t height) {
+    if (L == Layout::AC4 || d == x || d == y) return false;
+    const int64_t rowBytes = row_elems<L>(width) * int64_t(sizeof(T));
+    return stream_row(contiguous(rowBytes, height, xStep, dStep, y ? yStep : rowBytes) ? rowBytes * height : rowBytes);
+}
+
 // Rows of a binary image in formula order (x op y).
-template <class T, Layout L, Store S = Store::Plain, class Op>
+template <class T, Layout L, class Op>
 void binary_rows(Op& op, const T* x, std::ptrdiff_t xStep, const T* y, std::ptrdiff_t yStep, T* d, std::ptrdiff_t dStep,
                  int64_t width, int64_t height) {
-    for_image<T>(x, xStep, y, yStep, d, dStep, row_elems<L>(width), height,
-                 [&](const T* a, const T* b, T* o, std::size_t n) { run_row<T, 2, 1, L == Layout::AC4, S>(op, a, b, o, n, nullptr); });
+    auto rows = [&]<Store S>() {
+        for_image<T>(x, xStep, y, yStep, d, dStep, row_elems<L>(width), height,
+                     [&](const T* a, const T* b, T* o, std::size_t n) { run_row<T, 2, 1, L == Layout::AC4, S>(op, a, b, o, n, nullptr); });
+    };
+    if constexpr (L != Layout::AC4) {
+        if (streams<T, L>(d, x, y, xStep, yStep, dStep, width, height)) {
+            rows.template operator()<Store::Stream>();
+            _mm_sfence();
+            return;
+        }
+    }
+    rows.template operator()<Store::Plain>();
 }
 
 template <Layout L>
@@ -56,13 +76,23 @@ template <class T, Layout L>
 Konst<T> konst_of(const T* v) { return Konst<T>(v, kConstCount<L>, kChannels<L>); }
 
 // Rows of an image with a constant.
-template <class T, Layout L, Store S = Store::Plain, class Op>
+template <class T, Layout L, class Op>
 void const_rows(Op& op, const T* x, std::ptrdiff_t xStep, const Konst<T>& k, T* d, std::ptrdiff_t dStep, int64_t width,
                 int64_t height) {
-    for_image<T>(x, xStep, nullptr, 0, d, dStep, row_elems<L>(width), height, [&](const T* a, const T*, T* o, std::size_t n) {
-        if constexpr (L == Layout::C3) run_row<T, 1, 3, false, S>(op, a, a, o, n, &k);
-        else run_row<T, 1, 1, L == Layout::AC4, S>(op, a, a, o, n, &k);
-    });
+    auto rows = [&]<Store S>() {
+        for_image<T>(x, xStep, nullptr, 0, d, dStep, row_elems<L>(width), height, [&](const T* a, const T*, T* o, std::size_t n) {
+            if constexpr (L == Layout::C3) run_row<T, 1, 3, false, S>(op, a, a, o, n, &k);
+            else run_row<T, 1, 1, L == Layout::AC4, S>(op, a, a, o, n, &k);
+        });
+    };
+    if constexpr (L != Layout::AC4) {
+        if (streams<T, L>(d, x, nullptr, xStep, 0, dStep, width, height)) {
+            rows.template operator()<Store::Stream>();
+            _mm_sfence();
+            return;
+        }
+    }
+    rows.template operator()<Store::Plain>();
 }
 
 template <Checks C, class... S>

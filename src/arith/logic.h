@@ -48,15 +48,6 @@ struct LogicConst {
         static TavStatus kernel(const T* s, std::ptrdiff_t ts, const T* v, T* d, std::ptrdiff_t td, int64_t w, int64_t h) {
             const Konst<T> k = konst_of<T, L>(v);
             WithK<Bits> op{};
-            const int64_t rowBytes = row_elems<L>(w) * int64_t(sizeof(T));
-            const int64_t runBytes = contiguous(rowBytes, h, ts, td, rowBytes) ? rowBytes * h : rowBytes;
-            if constexpr (L != Layout::AC4) {
-                if (s != d && stream_row(runBytes)) {
-                    const_rows<T, L, Store::Stream>(op, s, ts, k, d, td, w, h);
-                    _mm_sfence();
-                    return tavOk;
-                }
-            }
             const_rows<T, L>(op, s, ts, k, d, td, w, h);
             return tavOk;
         }

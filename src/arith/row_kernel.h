@@ -155,9 +155,10 @@ inline void for_image(const T* x, std::ptrdiff_t xStep, const T* y, std::ptrdiff
     }
 }
 
-// The streaming gate of the logic-with-constant rows: a row (contiguous rows
-// count as one) of 0x180001 bytes or more asks the cache size, and is written
-// around the cache when above a quarter of it. Callers ask only out of place.
+// The streaming gate of the point rows (the one of the logic-with-constant
+// rows, used by all these families): a row of 0x180001 bytes or more asks the
+// cache size, and is written around the cache when above a quarter of it.
+// Callers ask only out of place.
 inline bool stream_row(int64_t rowBytes) {
     if (rowBytes < 0x180001) return false;
     const long long c = cache_bytes();
