@@ -1,10 +1,8 @@
 // Division: pSrc2 / pSrc1 (or an image by a constant). Integer quotients are
-// formed in single precision: a reciprocal estimate refined by one residual
-// step (the residual is exact through the fused multiply-add), so the
-// quotient is the correctly rounded one but for the last bit near a midpoint,
-// and exact whenever it is representable. The steps use round-to-nearest
-// whatever the caller's rounding control; only the final conversion to
-// integer takes the requested rounding (the current one for taviDiv).
+// formed in single precision by one division rounded to nearest whatever the
+// caller's rounding control (on this target the divider outruns a refined
+// reciprocal); only the final conversion to integer takes the requested
+// rounding (the current one for taviDiv).
 // A zero divisor gives 0 for a zero dividend and the saturation value of the
 // dividend's sign otherwise, and the call reports tavWarnDivByZero.
 #pragma once
@@ -31,18 +29,9 @@ struct DivRange {
 
 constexpr int kRN = _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC;
 
-// Refine: one Newton step on the reciprocal first. Quotients of 8-bit
-// elements sit far enough from every rounding boundary of the integer
-// result that the single residual step decides them exactly; 16-bit
-// quotients need the closer reciprocal to keep the last bit right.
-template <bool Refine>
-inline __m512 quotient(__m512 a, __m512 b) {
-    __m512 r = _mm512_rcp14_ps(b);
-    if constexpr (Refine) r = _mm512_fmadd_round_ps(_mm512_fnmadd_round_ps(b, r, _mm512_set1_ps(1.0f), kRN), r, r, kRN);
-    const __m512 q0 = _mm512_mul_round_ps(a, r, kRN);
-    const __m512 e = _mm512_fnmadd_round_ps(q0, b, a, kRN);
-    return _mm512_fmadd_round_ps(e, r, q0, kRN);
-}
+// The correctly rounded single-precision quotient, whatever the caller's
+// rounding control.
+inline __m512 quotient(__m512 a, __m512 b) { return _mm512_div_round_ps(a, b, kRN); }
 
 template <Rnd R>
 inline __m512i to_int(__m512 q) {
@@ -90,7 +79,9 @@ struct DivBase {
     static __m512i divisor(__m512i y, __m512i c) { return IsConst ? c : y; }
 };
 
-template <class T, Rnd R, bool Scaled, bool IsConst>
+// Scaled: f is not 0. Clamp: f is below -15, where a 16-bit quotient can
+// leave the 32-bit range of the conversion; above it the packs saturate.
+template <class T, Rnd R, bool Scaled, bool Clamp, bool IsConst>
 struct OpDiv : DivBase<T, IsConst> {
     __m512 scale;
     explicit OpDiv(int f) : scale(_mm512_set1_ps(std::ldexp(1.0f, -f))) {}
@@ -98,11 +89,9 @@ struct OpDiv : DivBase<T, IsConst> {
     __m512i group(__m512i xi, __m512i yi) const {
         __m512 a = _mm512_cvtepi32_ps(xi);
         if constexpr (Scaled) a = _mm512_mul_ps(a, scale);  // a power of two: exact
-        __m512 q = quotient<(sizeof(T) > 1)>(a, _mm512_cvtepi32_ps(yi));
-        // Bring the quotient into the range before the conversion (the 8u
-        // range of f keeps it within 32 bits, and the packs saturate).
-        if constexpr (std::is_same_v<T, Tav16u>) q = _mm512_min_ps(q, _mm512_set1_ps(65535.0f));
-        if constexpr (std::is_same_v<T, Tav16s>)
+        __m512 q = quotient(a, _mm512_cvtepi32_ps(yi));
+        if constexpr (Clamp && std::is_same_v<T, Tav16u>) q = _mm512_min_ps(q, _mm512_set1_ps(65535.0f));
+        if constexpr (Clamp && std::is_same_v<T, Tav16s>)
             q = _mm512_max_ps(_mm512_min_ps(q, _mm512_set1_ps(32767.0f)), _mm512_set1_ps(-32768.0f));
         return to_int<R>(q);
     }
@@ -128,6 +117,7 @@ struct OpDiv : DivBase<T, IsConst> {
             r = std::is_signed_v<T> ? _mm512_packs_epi32(lo, hi) : _mm512_packus_epi32(lo, hi);
         }
         const Mask<T> zm = zero_lanes<T>(m, v);
+        if (zm == 0) return r;  // zero divisors are rare: keep the fix off the common path
         this->zeros |= zm;
         return select<T>(zm, r, sign_ends<T>(x));
     }
@@ -174,8 +164,9 @@ TavStatus divide_image(const T* x, std::ptrdiff_t tx, const T* y, std::ptrdiff_t
     };
     if (f > DivRange<T>::kHi) return go(OpDivAbove<T, IsConst>{});
     if (f < DivRange<T>::kLo) return go(OpDivBelow<T, IsConst>{});
-    if (f == 0) return go(OpDiv<T, R, false, IsConst>(0));
-    return go(OpDiv<T, R, true, IsConst>(f));
+    if (f == 0) return go(OpDiv<T, R, false, false, IsConst>(0));
+    if (f < -15) return go(OpDiv<T, R, true, true, IsConst>(f));
+    return go(OpDiv<T, R, true, false, IsConst>(f));
 }
 
 template <Rnd R>

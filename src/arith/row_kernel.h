@@ -93,7 +93,7 @@ inline void run_row(Op& op, const T* x, const T* y, T* d, std::size_t n, const K
         // Streaming stores need element-aligned rows to reach a 64-byte boundary.
         if (reinterpret_cast<std::uintptr_t>(d) % sizeof(T) != 0) return run_row<T, NSrc, P, Ac4>(op, x, y, d, n, k);
     }  // vectors of one period, unrolled to about two
-    auto one = [&](std::size_t i, Mask<T> m, Vec<T> c, bool full) {
+    auto one = [&](std::size_t i, Mask<T> m, Vec<T> c, bool full) __attribute__((always_inline)) {
         Vec<T> a = full ? simd::load(x + i) : simd::load(x + i, m);
         Vec<T> b = vzero<T>();
         if constexpr (NSrc == 2) b = full ? simd::load(y + i) : simd::load(y + i, m);
