@@ -7,7 +7,9 @@
 #include <cfloat>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
+#include <type_traits>
 
 namespace tavref {
 
@@ -48,9 +50,13 @@ T scaled(Op op, T x, T y, int f) {
 }
 
 // The single-precision quotient x * 2^-f / y (an IEEE division, correctly
-// rounded), or its neighbours in the last bit, which the contract allows.
+// rounded), or a neighbour in the last bit, which the contract allows.
+// The quotient itself is rounded to nearest whatever the rounding mode.
 inline float quotient(long long x, long long y, int f, int ulpOffset = 0) {
+    const int mode = std::fegetround();
+    std::fesetround(FE_TONEAREST);
     float q = std::ldexp(static_cast<float>(x), -f) / static_cast<float>(y);
+    std::fesetround(mode);
     for (int i = 0; i < ulpOffset; ++i) q = std::nextafter(q, HUGE_VALF);
     for (int i = 0; i > ulpOffset; --i) q = std::nextafter(q, -HUGE_VALF);
     return q;
