@@ -77,10 +77,16 @@ T near_value(const std::vector<T>& anchors) {
     }
 }
 
+// Anywhere in the type, the extremes of integer types now and then.
 template <class T>
 T any_value() {
-    if constexpr (std::is_floating_point_v<T>) return tavtest::random_value<T>(-100, 100);
-    else return tavtest::random_value<T>(std::numeric_limits<T>::min(), std::numeric_limits<T>::max());
+    if constexpr (std::is_floating_point_v<T>) {
+        return tavtest::random_value<T>(-100, 100);
+    } else {
+        const auto pick = tavtest::rng()() % 8;
+        if (pick < 2) return pick ? std::numeric_limits<T>::max() : std::numeric_limits<T>::min();
+        return tavtest::random_value<T>(std::numeric_limits<T>::min(), std::numeric_limits<T>::max());
+    }
 }
 
 }  // namespace dtest

@@ -101,50 +101,37 @@ TEST(LutGetSize, CheckOrder) {
     EXPECT_EQ(taviLUT_GetSize(1, tav8u, 1, {4, 4}, good, &size), tavOk);
 }
 
-// The exports of one type, with its Init and the model's value type.
-template <class T>
-struct Family;
+// The work exports of one type and layout, with the channel code of Init.
 template <class T>
 struct Work {
     const char* name;
-    int channels;  // the channel code
+    int channels;
     TavStatus (*unary)(const T*, int, T*, int, TaviSize, const Tav8u*);
     TavStatus (*inPlace)(T*, int, TaviSize, const Tav8u*);
 };
-#define WORK(ty)                                                                                           \
-    {                                                                                                      \
-        {"C1", 1, taviLUT_##ty##_C1R, taviLUT_##ty##_C1IR}, {"C3", 3, taviLUT_##ty##_C3R, taviLUT_##ty##_C3IR}, \
-            {"C4", 4, taviLUT_##ty##_C4R, taviLUT_##ty##_C4IR}, {                                          \
-            "AC4", 9, taviLUT_##ty##_AC4R, taviLUT_##ty##_AC4IR                                            \
-        }                                                                                                  \
+#define WORK(ty) \
+    {{"C1", 1, taviLUT_##ty##_C1R, taviLUT_##ty##_C1IR}, {"C3", 3, taviLUT_##ty##_C3R, taviLUT_##ty##_C3IR}, \
+     {"C4", 4, taviLUT_##ty##_C4R, taviLUT_##ty##_C4IR}, {"AC4", 9, taviLUT_##ty##_AC4R, taviLUT_##ty##_AC4IR}}
+
+// Per type: the level and value type of Init, its data type code, Init and
+// the work exports.
+template <class T>
+struct Family {
+    using S = std::conditional_t<std::is_same_v<T, Tav32f>, Tav32f, Tav32s>;
+    static constexpr int type = std::is_same_v<T, Tav8u> ? tav8u : std::is_same_v<T, Tav16u> ? tav16u
+                              : std::is_same_v<T, Tav16s> ? tav16s : tav32f;
+    static TavStatus init(int i, int ch, TaviSize r, const S* const* v, const S* const* l, const int* n, Tav8u* s) {
+        if constexpr (std::is_same_v<T, Tav8u>) return taviLUT_Init_8u(i, ch, r, v, l, n, s);
+        else if constexpr (std::is_same_v<T, Tav16u>) return taviLUT_Init_16u(i, ch, r, v, l, n, s);
+        else if constexpr (std::is_same_v<T, Tav16s>) return taviLUT_Init_16s(i, ch, r, v, l, n, s);
+        else return taviLUT_Init_32f(i, ch, r, v, l, n, s);
     }
-template <>
-struct Family<Tav8u> {
-    using S = Tav32s;
-    static constexpr int type = tav8u;
-    static constexpr auto init = taviLUT_Init_8u;
-    static std::vector<Work<Tav8u>> work() { return WORK(8u); }
-};
-template <>
-struct Family<Tav16u> {
-    using S = Tav32s;
-    static constexpr int type = tav16u;
-    static constexpr auto init = taviLUT_Init_16u;
-    static std::vector<Work<Tav16u>> work() { return WORK(16u); }
-};
-template <>
-struct Family<Tav16s> {
-    using S = Tav32s;
-    static constexpr int type = tav16s;
-    static constexpr auto init = taviLUT_Init_16s;
-    static std::vector<Work<Tav16s>> work() { return WORK(16s); }
-};
-template <>
-struct Family<Tav32f> {
-    using S = Tav32f;
-    static constexpr int type = tav32f;
-    static constexpr auto init = taviLUT_Init_32f;
-    static std::vector<Work<Tav32f>> work() { return WORK(32f); }
+    static std::vector<Work<T>> work() {
+        if constexpr (std::is_same_v<T, Tav8u>) return WORK(8u);
+        else if constexpr (std::is_same_v<T, Tav16u>) return WORK(16u);
+        else if constexpr (std::is_same_v<T, Tav16s>) return WORK(16s);
+        else return WORK(32f);
+    }
 };
 
 // Levels and values of one channel: mostly ascending levels reaching past
