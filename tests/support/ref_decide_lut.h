@@ -1,5 +1,5 @@
 // Scalar models of the lookup tables: the value of one element through
-// levels and values, and the spec sizes by their formulas.
+// levels and values.
 //
 // Interpolation: nearest takes the value of the interval; linear is
 // v0 + (v1 - v0) * (x - l0) / (l1 - l0) in double; cubic is the Lagrange
