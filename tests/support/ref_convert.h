@@ -12,6 +12,14 @@ namespace tavref {
 
 enum class Round { Zero, Near, Fin };
 
+// A value rounded on its own: keeps the compiler from fusing a product with
+// the addition that follows it, which the rules perform as two steps.
+template <class T>
+inline T alone(T v) {
+    asm("" : "+x"(v));
+    return v;
+}
+
 // x rounded to an integer value by mode.
 inline double round_by(double x, Round r) {
     if (std::isnan(x) || std::isinf(x)) return x;
@@ -94,7 +102,7 @@ inline uint8_t u32_range_to_8u(int64_t u) {
 // 8u onto [vMin, vMax], each step in single precision.
 inline float u8_to_range(uint8_t x, float vMin, float vMax) {
     const float q = (vMax - vMin) / 255.0f;
-    const float p = static_cast<float>(x) * q;
+    const float p = alone(static_cast<float>(x) * q);
     return vMin + p;
 }
 // [vMin, vMax] onto 8u: x clamped, the offset scaled in single precision and
@@ -110,7 +118,7 @@ inline uint8_t range_to_8u(float x, float vMin, float vMax) {
 // taviScaleC: src * m + a in double, rounded to nearest even and saturated.
 template <class S, class D>
 D affine(S x, double m, double a) {
-    const double p = static_cast<double>(x) * m;
+    const double p = alone(static_cast<double>(x) * m);
     const double y = p + a;
     if constexpr (std::is_floating_point_v<D>) return static_cast<D>(y);
     else return sat<D>(round_by(y, Round::Near));
