@@ -147,7 +147,7 @@ struct F32ToI8 {
         for (int k = 0; k < 4; ++k) {
             __m512 x = Tail ? _mm512_maskz_loadu_ps(static_cast<__mmask16>(m >> (16 * k)), s + 16 * k)
                             : _mm512_loadu_ps(s + 16 * k);
-            v[k] = f32_to_int<D, R>(x);
+            v[k] = f32_to_packable<R>(x);
         }
         __m512i w01 = _mm512_packs_epi32(v[0], v[1]);
         __m512i w23 = _mm512_packs_epi32(v[2], v[3]);
@@ -171,7 +171,7 @@ struct F32ToI16 {
     static void block(const Tav32f* s, D* d, __mmask32 m, const Ctx&) {
         __m512 x0 = Tail ? _mm512_maskz_loadu_ps(static_cast<__mmask16>(m), s) : _mm512_loadu_ps(s);
         __m512 x1 = Tail ? _mm512_maskz_loadu_ps(static_cast<__mmask16>(m >> 16), s + 16) : _mm512_loadu_ps(s + 16);
-        __m512i a = f32_to_int<D, R>(x0), b = f32_to_int<D, R>(x1);
+        __m512i a = f32_to_packable<R>(x0), b = f32_to_packable<R>(x1);
         __m512i w = std::is_signed_v<D> ? _mm512_packs_epi32(a, b) : _mm512_packus_epi32(a, b);
         w = _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), w);
         if constexpr (Tail) _mm512_mask_storeu_epi16(d, m, w);

@@ -197,6 +197,18 @@ inline __m512i f32_to_int(__m512 x) {
     }
 }
 
+// float lanes rounded by R to 32-bit integers that a saturating pack then
+// narrows to an 8- or 16-bit type: only values at 2^31 and above need a
+// bound, since the conversion gives its out-of-range value (the lowest
+// integer) for them. min(bound, x) keeps a NaN, which converts to that
+// lowest integer and so lands on the destination's lowest value.
+template <Rnd R>
+inline __m512i f32_to_packable(__m512 x) {
+    x = _mm512_min_ps(_mm512_set1_ps(65536.0f), x);
+    if constexpr (R == Rnd::Fin) x = half_away(x);
+    return _mm512_cvt_roundps_epi32(x, kRoundImm<R>);
+}
+
 // double lanes to D, rounded by R and saturated; every integer limit up to
 // 32 bits is exact in double, so a plain clamp does.
 template <class D, Rnd R>

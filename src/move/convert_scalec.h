@@ -1,7 +1,8 @@
 // taviScaleC: dst = sat(round(src * mVal + aVal)) for every ordered pair of
 // types. The accurate hint computes in double precision; other hints take a
-// single-precision kernel where both types are narrow (integers of 8 and 16
-// bits, and 32f as a source), which may differ by one unit near a half.
+// single-precision kernel (one fused multiply-add) where both types are
+// narrow, that is exact in single precision (integers of 8 and 16 bits, and
+// 32f): it may differ by one unit near a half, or in the last bit of a 32f.
 #pragma once
 
 #include "move/convert_entry.h"
@@ -12,7 +13,8 @@ template <class T>
 inline constexpr bool kNarrowInt = std::is_integral_v<T> && sizeof(T) <= 2;
 
 template <class S, class D>
-inline constexpr bool kSinglePrecisionPair = (kNarrowInt<S> || std::is_same_v<S, Tav32f>) && kNarrowInt<D>;
+inline constexpr bool kSinglePrecisionPair =
+    (kNarrowInt<S> || std::is_same_v<S, Tav32f>) && (kNarrowInt<D> || std::is_same_v<D, Tav32f>);
 
 struct AffineCtx {
     __m512d m, a;
@@ -36,12 +38,14 @@ struct AffineF64 {
 
 template <class S, class D>
 struct AffineF32 {
-    static __m512i apply(Wide<S> v, const AffineCtx& c) {
+    static Wide<D> apply(Wide<S> v, const AffineCtx& c) {
         constexpr int imm = _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC;
         __m512 x;
         if constexpr (std::is_same_v<S, Tav32f>) x = v;
         else x = int_to_f32<S>(v);
-        return f32_to_int<D, Rnd::Near>(_mm512_add_round_ps(_mm512_mul_round_ps(x, c.mf, imm), c.af, imm));
+        x = _mm512_fmadd_round_ps(x, c.mf, c.af, imm);
+        if constexpr (std::is_same_v<D, Tav32f>) return x;
+        else return f32_to_int<D, Rnd::Near>(x);
     }
 };
 
