@@ -31,6 +31,15 @@ inline MaskB<B> lanes(int64_t n) {
 template <int B>
 inline constexpr MaskB<B> kAc4Lanes = static_cast<MaskB<B>>(0x7777777777777777ull);
 
+// A whole vector of 8- or 16-bit elements: masked, streamed or plain.
+template <bool Tail, bool NT, class D, class M>
+inline void store512(D* p, M m, __m512i v) {
+    if constexpr (Tail && sizeof(D) == 1) _mm512_mask_storeu_epi8(p, m, v);
+    else if constexpr (Tail) _mm512_mask_storeu_epi16(p, m, v);
+    else if constexpr (NT) stream512(p, v);
+    else _mm512_storeu_si512(p, v);
+}
+
 // A map written on sixteen wide lanes: F::apply(Wide<S>, ctx) -> Wide<D>.
 template <class S_, class D_, class F>
 struct LaneOp {
@@ -127,10 +136,7 @@ struct U8ToI16 {
     template <bool Tail, bool NT, class Ctx>
     static void block(const Tav8u* s, D* d, __mmask32 m, const Ctx& c) {
         __m256i x = Tail ? _mm256_maskz_loadu_epi8(m, s) : _mm256_loadu_si256(reinterpret_cast<const __m256i*>(s));
-        __m512i v = F::apply(_mm512_cvtepu8_epi16(x), c);
-        if constexpr (Tail) _mm512_mask_storeu_epi16(d, m, v);
-        else if constexpr (NT) stream512(d, v);
-        else _mm512_storeu_si512(d, v);
+        store512<Tail, NT>(d, m, F::apply(_mm512_cvtepu8_epi16(x), c));
     }
 };
 
@@ -155,9 +161,7 @@ struct F32ToI8 {
         // The packs interleave 128-bit lanes: dword k of the result belongs
         // at position idx[k].
         b = _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), b);
-        if constexpr (Tail) _mm512_mask_storeu_epi8(d, m, b);
-        else if constexpr (NT) stream512(d, b);
-        else _mm512_storeu_si512(d, b);
+        store512<Tail, NT>(d, m, b);
     }
 };
 
@@ -174,9 +178,7 @@ struct F32ToI16 {
         __m512i a = f32_to_packable<R>(x0), b = f32_to_packable<R>(x1);
         __m512i w = std::is_signed_v<D> ? _mm512_packs_epi32(a, b) : _mm512_packus_epi32(a, b);
         w = _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), w);
-        if constexpr (Tail) _mm512_mask_storeu_epi16(d, m, w);
-        else if constexpr (NT) stream512(d, w);
-        else _mm512_storeu_si512(d, w);
+        store512<Tail, NT>(d, m, w);
     }
 };
 

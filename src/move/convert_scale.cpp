@@ -109,22 +109,16 @@ TavStatus scale_hinted(const typename Op::S* pSrc, int srcStep, Tav8u* pDst, int
     return st;
 }
 
-// The range test comes before every other check.
-template <Layout L>
-TavStatus scale_from_8u(const Tav8u* pSrc, int srcStep, Tav32f* pDst, int dstStep, TaviSize roi, float vMin,
-                        float vMax) {
+// The range test comes before every other check; the map's factor is
+// computed once for the call.
+template <Layout L, class S, class D>
+TavStatus scale_range(const S* pSrc, int srcStep, D* pDst, int dstStep, TaviSize roi, float vMin, float vMax) {
     const float range = vMax - vMin;
     if (!(range > 0.0f)) return tavErrScaleRange;
-    return scale_image<LaneOp<Tav8u, Tav32f, ToRangeF>, L>(pSrc, srcStep, pDst, dstStep, roi,
-                                                         RangeCtx{vMin, vMax, range / 255.0f});
-}
-template <Layout L>
-TavStatus scale_to_8u(const Tav32f* pSrc, int srcStep, Tav8u* pDst, int dstStep, TaviSize roi, float vMin,
-                      float vMax) {
-    const float range = vMax - vMin;
-    if (!(range > 0.0f)) return tavErrScaleRange;
-    return scale_image<LaneOp<Tav32f, Tav8u, FromRangeF>, L>(pSrc, srcStep, pDst, dstStep, roi,
-                                                           RangeCtx{vMin, vMax, 255.0f / range});
+    constexpr bool toByte = std::is_same_v<D, Tav8u>;
+    using Op = LaneOp<S, D, std::conditional_t<toByte, FromRangeF, ToRangeF>>;
+    return scale_image<Op, L>(pSrc, srcStep, pDst, dstStep, roi,
+                              RangeCtx{vMin, vMax, toByte ? 255.0f / range : range / 255.0f});
 }
 
 template <Layout L>
@@ -160,14 +154,14 @@ TavStatus own_taviScale_8u32s_C1R(const Tav8u* s, int ss, Tav32s* d, int ds, Tav
 TavStatus own_taviScale_8u32s_C3R(const Tav8u* s, int ss, Tav32s* d, int ds, TaviSize r) { return u8_to_32s<Layout::C3>(s, ss, d, ds, r); }
 TavStatus own_taviScale_8u32s_C4R(const Tav8u* s, int ss, Tav32s* d, int ds, TaviSize r) { return u8_to_32s<Layout::C4>(s, ss, d, ds, r); }
 TavStatus own_taviScale_8u32s_AC4R(const Tav8u* s, int ss, Tav32s* d, int ds, TaviSize r) { return u8_to_32s<Layout::AC4>(s, ss, d, ds, r); }
-TavStatus own_taviScale_8u32f_C1R(const Tav8u* s, int ss, Tav32f* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_from_8u<Layout::C1>(s, ss, d, ds, r, lo, hi); }
-TavStatus own_taviScale_8u32f_C3R(const Tav8u* s, int ss, Tav32f* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_from_8u<Layout::C3>(s, ss, d, ds, r, lo, hi); }
-TavStatus own_taviScale_8u32f_C4R(const Tav8u* s, int ss, Tav32f* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_from_8u<Layout::C4>(s, ss, d, ds, r, lo, hi); }
-TavStatus own_taviScale_8u32f_AC4R(const Tav8u* s, int ss, Tav32f* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_from_8u<Layout::AC4>(s, ss, d, ds, r, lo, hi); }
-TavStatus own_taviScale_32f8u_C1R(const Tav32f* s, int ss, Tav8u* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_to_8u<Layout::C1>(s, ss, d, ds, r, lo, hi); }
-TavStatus own_taviScale_32f8u_C3R(const Tav32f* s, int ss, Tav8u* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_to_8u<Layout::C3>(s, ss, d, ds, r, lo, hi); }
-TavStatus own_taviScale_32f8u_C4R(const Tav32f* s, int ss, Tav8u* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_to_8u<Layout::C4>(s, ss, d, ds, r, lo, hi); }
-TavStatus own_taviScale_32f8u_AC4R(const Tav32f* s, int ss, Tav8u* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_to_8u<Layout::AC4>(s, ss, d, ds, r, lo, hi); }
+TavStatus own_taviScale_8u32f_C1R(const Tav8u* s, int ss, Tav32f* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_range<Layout::C1>(s, ss, d, ds, r, lo, hi); }
+TavStatus own_taviScale_8u32f_C3R(const Tav8u* s, int ss, Tav32f* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_range<Layout::C3>(s, ss, d, ds, r, lo, hi); }
+TavStatus own_taviScale_8u32f_C4R(const Tav8u* s, int ss, Tav32f* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_range<Layout::C4>(s, ss, d, ds, r, lo, hi); }
+TavStatus own_taviScale_8u32f_AC4R(const Tav8u* s, int ss, Tav32f* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_range<Layout::AC4>(s, ss, d, ds, r, lo, hi); }
+TavStatus own_taviScale_32f8u_C1R(const Tav32f* s, int ss, Tav8u* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_range<Layout::C1>(s, ss, d, ds, r, lo, hi); }
+TavStatus own_taviScale_32f8u_C3R(const Tav32f* s, int ss, Tav8u* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_range<Layout::C3>(s, ss, d, ds, r, lo, hi); }
+TavStatus own_taviScale_32f8u_C4R(const Tav32f* s, int ss, Tav8u* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_range<Layout::C4>(s, ss, d, ds, r, lo, hi); }
+TavStatus own_taviScale_32f8u_AC4R(const Tav32f* s, int ss, Tav8u* d, int ds, TaviSize r, Tav32f lo, Tav32f hi) { return scale_range<Layout::AC4>(s, ss, d, ds, r, lo, hi); }
 TavStatus own_taviScale_16s8u_C1R(const Tav16s* s, int ss, Tav8u* d, int ds, TaviSize r, TavHintAlgorithm h) { return scale_hinted<To8u<Tav16s>, Layout::C1>(s, ss, d, ds, r, h); }
 TavStatus own_taviScale_16s8u_C3R(const Tav16s* s, int ss, Tav8u* d, int ds, TaviSize r, TavHintAlgorithm h) { return scale_hinted<To8u<Tav16s>, Layout::C3>(s, ss, d, ds, r, h); }
 TavStatus own_taviScale_16s8u_C4R(const Tav16s* s, int ss, Tav8u* d, int ds, TaviSize r, TavHintAlgorithm h) { return scale_hinted<To8u<Tav16s>, Layout::C4>(s, ss, d, ds, r, h); }
