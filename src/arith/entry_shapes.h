@@ -41,18 +41,23 @@ struct WithK {
     V apply(V x, V, V c, M) const { return core(x, c); }
 };
 
-// Whether an out-of-place image is written around the cache: contiguous rows
-// count as one row for the gate.
-template <class T, Layout L>
+// Which streaming gate a family uses (see row_kernel.h).
+enum class Gate { Traffic, RowQuarter };
+
+// Whether an out-of-place image is written around the cache.
+template <class T, Layout L, Gate G>
 bool streams(const void* d, const void* x, const void* y, std::ptrdiff_t xStep, std::ptrdiff_t yStep, std::ptrdiff_t dStep,
              int64_t width, int64_t height) {
     if (L == Layout::AC4 || d == x || d == y) return false;
     const int64_t rowBytes = row_elems<L>(width) * int64_t(sizeof(T));
-    return stream_row(contiguous(rowBytes, height, xStep, dStep, y ? yStep : rowBytes) ? rowBytes * height : rowBytes);
+    if constexpr (G == Gate::RowQuarter)
+        return stream_row(contiguous(rowBytes, height, xStep, dStep, y ? yStep : rowBytes) ? rowBytes * height : rowBytes);
+    else
+        return stream_image(rowBytes * height * (y ? 3 : 2));
 }
 
 // Rows of a binary image in formula order (x op y).
-template <class T, Layout L, class Op>
+template <class T, Layout L, Gate G = Gate::Traffic, class Op>
 void binary_rows(Op& op, const T* x, std::ptrdiff_t xStep, const T* y, std::ptrdiff_t yStep, T* d, std::ptrdiff_t dStep,
                  int64_t width, int64_t height) {
     auto rows = [&]<Store S>() {
@@ -60,7 +65,7 @@ void binary_rows(Op& op, const T* x, std::ptrdiff_t xStep, const T* y, std::ptrd
                      [&](const T* a, const T* b, T* o, std::size_t n) { run_row<T, 2, 1, L == Layout::AC4, S>(op, a, b, o, n, nullptr); });
     };
     if constexpr (L != Layout::AC4) {
-        if (streams<T, L>(d, x, y, xStep, yStep, dStep, width, height)) {
+        if (streams<T, L, G>(d, x, y, xStep, yStep, dStep, width, height)) {
             rows.template operator()<Store::Stream>();
             _mm_sfence();
             return;
@@ -76,7 +81,7 @@ template <class T, Layout L>
 Konst<T> konst_of(const T* v) { return Konst<T>(v, kConstCount<L>, kChannels<L>); }
 
 // Rows of an image with a constant.
-template <class T, Layout L, class Op>
+template <class T, Layout L, Gate G = Gate::Traffic, class Op>
 void const_rows(Op& op, const T* x, std::ptrdiff_t xStep, const Konst<T>& k, T* d, std::ptrdiff_t dStep, int64_t width,
                 int64_t height) {
     auto rows = [&]<Store S>() {
@@ -86,7 +91,7 @@ void const_rows(Op& op, const T* x, std::ptrdiff_t xStep, const Konst<T>& k, T* 
         });
     };
     if constexpr (L != Layout::AC4) {
-        if (streams<T, L>(d, x, nullptr, xStep, 0, dStep, width, height)) {
+        if (streams<T, L, G>(d, x, nullptr, xStep, 0, dStep, width, height)) {
             rows.template operator()<Store::Stream>();
             _mm_sfence();
             return;

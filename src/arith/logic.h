@@ -48,7 +48,7 @@ struct LogicConst {
         static TavStatus kernel(const T* s, std::ptrdiff_t ts, const T* v, T* d, std::ptrdiff_t td, int64_t w, int64_t h) {
             const Konst<T> k = konst_of<T, L>(v);
             WithK<Bits> op{};
-            const_rows<T, L>(op, s, ts, k, d, td, w, h);
+            const_rows<T, L, Gate::RowQuarter>(op, s, ts, k, d, td, w, h);
             return tavOk;
         }
         // A C3 or C4 constant with equal entries is the one-channel call over

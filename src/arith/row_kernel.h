@@ -155,14 +155,23 @@ inline void for_image(const T* x, std::ptrdiff_t xStep, const T* y, std::ptrdiff
     }
 }
 
-// The streaming gate of the point rows (the one of the logic-with-constant
-// rows, used by all these families): a row of 0x180001 bytes or more asks the
-// cache size, and is written around the cache when above a quarter of it.
-// Callers ask only out of place.
+// Streaming gates. Both ask the cache size only from 0x180001 bytes on, so
+// small calls never pay for the query, and callers ask only out of place.
+// Logic with a constant: a row (contiguous rows count as one) streams when
+// above a quarter of the cache.
 inline bool stream_row(int64_t rowBytes) {
     if (rowBytes < 0x180001) return false;
     const long long c = cache_bytes();
     return c >= 0 && rowBytes > c / 4;
+}
+
+// The other point families: the image streams when everything the call reads
+// and writes cannot stay in the cache; below that, a destination kept in the
+// cache is cheaper than one written around it.
+inline bool stream_image(int64_t trafficBytes) {
+    if (trafficBytes < 0x180001) return false;
+    const long long c = cache_bytes();
+    return c >= 0 && trafficBytes >= c;
 }
 
 }  // namespace tav::arith

@@ -44,9 +44,11 @@ TEST(ArithGates, StreamedResultsMatch) {
 
 TEST(ArithGates, SmallCallsNeverAsk) {
     const long long before = tavtest::core_cache_queries();
-    tavtest::Image<Tav8u> a(1000, 1000), d(1000, 1000);
-    ASSERT_EQ(taviAndC_8u_C1R(a.ptr(), 1000, 7, d.ptr(), 1000, {1000, 1000}), tavOk);
-    ASSERT_EQ(taviSub_8u_C1RSfs(a.ptr(), 1000, a.ptr(), 1000, d.ptr(), 1000, {1000, 1000}, 0), tavOk);
+    // A row of a constant's logic below 0x180001 bytes; two sources and a
+    // destination below it in all.
+    tavtest::Image<Tav8u> a(1000, 1500), d(1000, 1500);
+    ASSERT_EQ(taviAndC_8u_C1R(a.ptr(), 1000, 7, d.ptr(), 1000, {1000, 1500}), tavOk);
+    ASSERT_EQ(taviSub_8u_C1RSfs(a.ptr(), 1000, a.ptr(), 1000, d.ptr(), 1000, {1000, 500}, 0), tavOk);
     EXPECT_EQ(tavtest::core_cache_queries(), before);
 }
 
