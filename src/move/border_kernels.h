@@ -1,0 +1,226 @@
+// Row kernels of the border copies. Elements move as bits, so every type is
+// handled in integer lanes of its own width.
+//
+// compose_row writes one destination row of N elements as three parts: a
+// left pattern [0, L), the source [L, L + M), a right pattern [L + M, N),
+// one 64-byte vector at a time; a pattern is a pixel repeated (the edge
+// pixel, or the constant). The side kernels write mirrored or wrapped sides.
+// Nothing outside the row is read or written; AC4 rows never read or write
+// the fourth element of a pixel.
+#pragma once
+
+#include "move/convert_lanes.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+namespace tav::move::border {
+
+template <class T>
+inline constexpr int kLanes = 64 / sizeof(T);
+
+inline uint64_t low_lanes(int64_t n) { return n >= 64 ? ~0ull : _bzhi_u64(~0ull, static_cast<unsigned>(n)); }
+
+template <class T>
+inline constexpr uint64_t kAllLanes = kLanes<T> == 64 ? ~0ull : (1ull << kLanes<T>) - 1;
+
+// Three of every four lanes: AC4 rows start on a pixel and every vector
+// holds whole pixels.
+template <class T, bool Ac4>
+inline constexpr uint64_t kLive = Ac4 ? kAllLanes<T> & 0x7777777777777777ull : kAllLanes<T>;
+
+template <class T>
+inline __m512i load(uint64_t m, const T* p) {
+    if constexpr (sizeof(T) == 1) return _mm512_maskz_loadu_epi8(m, p);
+    else if constexpr (sizeof(T) == 2) return _mm512_maskz_loadu_epi16(static_cast<__mmask32>(m), p);
+    else if constexpr (sizeof(T) == 4) return _mm512_maskz_loadu_epi32(static_cast<__mmask16>(m), p);
+    else return _mm512_maskz_loadu_epi64(static_cast<__mmask8>(m), p);
+}
+// Lanes of m from p over v.
+template <class T>
+inline __m512i load_over(__m512i v, uint64_t m, const T* p) {
+    if constexpr (sizeof(T) == 1) return _mm512_mask_loadu_epi8(v, m, p);
+    else if constexpr (sizeof(T) == 2) return _mm512_mask_loadu_epi16(v, static_cast<__mmask32>(m), p);
+    else return _mm512_mask_loadu_epi32(v, static_cast<__mmask16>(m), p);
+}
+template <class T>
+inline __m512i blend(uint64_t m, __m512i a, __m512i b) {
+    if constexpr (sizeof(T) == 1) return _mm512_mask_blend_epi8(m, a, b);
+    else if constexpr (sizeof(T) == 2) return _mm512_mask_blend_epi16(static_cast<__mmask32>(m), a, b);
+    else return _mm512_mask_blend_epi32(static_cast<__mmask16>(m), a, b);
+}
+template <class T>
+inline void store(T* p, uint64_t m, __m512i v) {
+    if constexpr (sizeof(T) == 1) _mm512_mask_storeu_epi8(p, m, v);
+    else if constexpr (sizeof(T) == 2) _mm512_mask_storeu_epi16(p, static_cast<__mmask32>(m), v);
+    else if constexpr (sizeof(T) == 4) _mm512_mask_storeu_epi32(p, static_cast<__mmask16>(m), v);
+    else _mm512_mask_storeu_epi64(p, static_cast<__mmask8>(m), v);
+}
+// A whole vector, or the lanes of m; NT streams whole vectors (the caller
+// has brought the destination to 64 bytes).
+template <class T, bool NT>
+inline void put(T* p, uint64_t m, __m512i v) {
+    if (m == kAllLanes<T>) {
+        if constexpr (NT) _mm512_stream_si512(reinterpret_cast<__m512i*>(p), v);
+        else _mm512_storeu_si512(p, v);
+    } else {
+        store(p, m, v);
+    }
+}
+
+// In-lane byte indices that spread one pixel (at the start of every 128-bit
+// lane) over a vector, the first element being channel `phase`.
+template <class T, int Ch>
+constexpr std::array<std::array<uint8_t, 64>, 3> pattern_indices() {
+    std::array<std::array<uint8_t, 64>, 3> idx{};
+    for (int phase = 0; phase < 3; ++phase)
+        for (int b = 0; b < 64; ++b) {
+            const int element = b / int(sizeof(T)), channel = (element + phase) % Ch;
+            idx[phase][b] = static_cast<uint8_t>(channel * sizeof(T) + b % sizeof(T));
+        }
+    return idx;
+}
+template <class T, int Ch>
+alignas(64) inline constexpr auto kPatternIdx = pattern_indices<T, Ch>();
+
+// The pixel at px (the first `count` of its Ch elements; AC4 constants have
+// three) repeated over a vector, in the three phases a C3 row can start a
+// vector with.
+template <class T, int Ch>
+struct Pattern {
+    __m512i v[3];
+    Pattern() : v{_mm512_setzero_si512(), _mm512_setzero_si512(), _mm512_setzero_si512()} {}
+    Pattern(const T* px, int count) {
+        const __m128i p = _mm_maskz_loadu_epi8(static_cast<__mmask16>(_bzhi_u32(0xffffu, count * sizeof(T))), px);
+        const __m512i b = _mm512_broadcast_i32x4(p);
+        for (int k = 0; k < (Ch == 3 ? 3 : 1); ++k)
+            v[k] = _mm512_shuffle_epi8(b, _mm512_load_si512(kPatternIdx<T, Ch>[k].data()));
+    }
+    __m512i at(int64_t element) const { return Ch == 3 ? v[element % 3] : v[0]; }
+};
+
+// One destination row: [0, L) left pattern, [L, L + M) source, [L + M, N)
+// right pattern (element counts). src may be null when M is 0.
+template <class T, int Ch, bool Ac4, bool NT>
+void compose_row(const T* src, int64_t M, T* dst, int64_t L, int64_t N, const Pattern<T, Ch>& lp,
+                 const Pattern<T, Ch>& rp) {
+    constexpr int B = kLanes<T>;
+    constexpr uint64_t live = kLive<T, Ac4>;
+    const auto srcAt = [src, L](int64_t o) {
+        return reinterpret_cast<const T*>(reinterpret_cast<uintptr_t>(src) + (o - L) * int64_t{sizeof(T)});
+    };
+    // A vector that may hold pattern lanes on either side of the source.
+    const auto mixed = [&](int64_t o, bool nt) {
+        const uint64_t left = low_lanes(std::clamp<int64_t>(L - o, 0, B));
+        const uint64_t inside = low_lanes(std::clamp<int64_t>(L + M - o, 0, B)) & ~left;
+        const uint64_t m = live & low_lanes(N - o);
+        __m512i v = blend<T>(left, rp.at(o), lp.at(o));
+        if (inside & m) v = load_over(v, inside & m, srcAt(o));
+        if (nt) put<T, NT>(dst + o, m, v);
+        else put<T, false>(dst + o, m, v);
+    };
+    int64_t o = 0;
+    if constexpr (NT && !Ac4) {
+        // Brought to a cache line with plain stores; whole lines stream after.
+        if (reinterpret_cast<uintptr_t>(dst) % sizeof(T) == 0) {
+            const int64_t head = std::min<int64_t>(N, ((0 - reinterpret_cast<uintptr_t>(dst)) & 63) / sizeof(T));
+            if (head > 0) {
+                const uint64_t left = low_lanes(std::clamp<int64_t>(L, 0, head));
+                const uint64_t inside = low_lanes(std::clamp<int64_t>(L + M, 0, head)) & ~left;
+                __m512i v = blend<T>(left, rp.at(0), lp.at(0));
+                if (inside) v = load_over(v, inside, srcAt(0));
+                store(dst, low_lanes(head), v);
+                o = head;
+            }
+        } else {
+            // A destination off its element alignment cannot reach a line.
+            compose_row<T, Ch, Ac4, false>(src, M, dst, L, N, lp, rp);
+            return;
+        }
+    }
+    for (; o < N && o < L; o += B) mixed(o, true);
+    for (; o + B <= L + M; o += B) {
+        const __m512i v = Ac4 ? load<T>(live, srcAt(o)) : _mm512_loadu_si512(srcAt(o));
+        if constexpr (Ac4) store(dst + o, live, v);
+        else put<T, NT>(dst + o, kAllLanes<T>, v);
+    }
+    for (; o < N; o += B) mixed(o, true);
+}
+
+// Reverses units of U bytes (1, 2, 4, 8 or 16) within a vector.
+template <int U>
+inline __m512i reverse_units(__m512i v) {
+    if constexpr (U == 1) {
+        const __m512i r = _mm512_set4_epi32(0x00010203, 0x04050607, 0x08090a0b, 0x0c0d0e0f);
+        return _mm512_shuffle_i64x2(_mm512_shuffle_epi8(v, r), _mm512_shuffle_epi8(v, r), 0x1b);
+    } else if constexpr (U == 2) {
+        return _mm512_permutexvar_epi16(_mm512_set_epi16(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17,
+                                                         18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31),
+                                        v);
+    } else if constexpr (U == 4) {
+        return _mm512_permutexvar_epi32(_mm512_set_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15), v);
+    } else if constexpr (U == 8) {
+        return _mm512_permutexvar_epi64(_mm512_set_epi64(0, 1, 2, 3, 4, 5, 6, 7), v);
+    } else {
+        return _mm512_shuffle_i64x2(v, v, 0x1b);
+    }
+}
+
+// dst pixel i = src pixel n - 1 - i, for n pixels of Ch elements.
+template <class T, int Ch>
+void reverse_pixels(const T* src, int64_t n, T* dst) {
+    constexpr int P = Ch * sizeof(T);
+    if constexpr (P == 1 || P == 2 || P == 4 || P == 8 || P == 16) {
+        constexpr int K = 64 / P, B = kLanes<T>;
+        for (int64_t i = 0; i < n; i += K) {
+            const int64_t r = std::min<int64_t>(K, n - i);
+            // The vector ends at source pixel n - i; lanes before the row's
+            // start are masked off.
+            const T* from = reinterpret_cast<const T*>(reinterpret_cast<uintptr_t>(src) + (n - i - K) * int64_t{P});
+            const uint64_t in = kAllLanes<T> & ~low_lanes(B - r * Ch);
+            store(dst + i * Ch, low_lanes(r * Ch), reverse_units<P>(load<T>(in, from)));
+        }
+    } else {
+        for (int64_t i = 0; i < n; ++i) std::memcpy(dst + i * Ch, src + (n - 1 - i) * Ch, P);
+    }
+}
+
+// n pixels copied forward, within one row.
+template <class T, int Ch>
+void copy_pixels(const T* src, int64_t n, T* dst) {
+    constexpr int B = kLanes<T>;
+    const int64_t e = n * Ch;
+    for (int64_t i = 0; i < e; i += B) {
+        const uint64_t m = low_lanes(e - i);
+        store(dst + i, m, load<T>(m, src + i));
+    }
+}
+
+// A row copied with alpha left alone (AC4 frame rows).
+template <class T>
+void copy_row_ac4(const T* src, T* dst, int64_t elems) {
+    constexpr int B = kLanes<T>;
+    for (int64_t i = 0; i < elems; i += B) {
+        const uint64_t m = kLive<T, true> & low_lanes(elems - i);
+        store(dst + i, m, load<T>(m, src + i));
+    }
+}
+
+// Source index of outside position p (any integer) under mirroring without a
+// repeated edge: period 2n - 2, and the single pixel when n is 1.
+inline int64_t reflect(int64_t p, int64_t n) {
+    if (n == 1) return 0;
+    const int64_t period = 2 * n - 2;
+    int64_t q = p % period;
+    if (q < 0) q += period;
+    return q < n ? q : period - q;
+}
+
+inline int64_t wrap(int64_t p, int64_t n) {
+    const int64_t q = p % n;
+    return q < 0 ? q + n : q;
+}
+
+}  // namespace tav::move::border
