@@ -81,21 +81,29 @@ struct Rows {
     // Row top + y of the destination from source row s: with copy, the
     // source part is written too (out of place).
     template <bool NT, bool Copy>
-    void source_part(const T* s, T* d, const Pattern<T, Ch>& constant) const {
+    void source_part(const T* s, T* d, const Pattern<T, Ch>& constant, const RowPlan& plan) const {
         const int64_t w = f.srcW * Ch, L = f.left * Ch, N = f.dstW * Ch;
         if constexpr (K == Kind::Const || K == Kind::Replicate) {
             const int count = Ac4 ? 3 : Ch;
-            const Pattern<T, Ch> lp = K == Kind::Const ? constant : Pattern<T, Ch>(s, count);
-            const Pattern<T, Ch> rp = K == Kind::Const ? constant : Pattern<T, Ch>(s + w - Ch, count);
+            // The constant frame uses the call's pattern; replicated sides are
+            // made from the row's edge pixels.
+            const Pattern<T, Ch> edges[2] = {K == Kind::Const ? Pattern<T, Ch>() : Pattern<T, Ch>(s, count),
+                                             K == Kind::Const ? Pattern<T, Ch>() : Pattern<T, Ch>(s + w - Ch, count)};
+            const Pattern<T, Ch>& lp = K == Kind::Const ? constant : edges[0];
+            const Pattern<T, Ch>& rp = K == Kind::Const ? constant : edges[1];
             if constexpr (Copy) {
-                compose_row<T, Ch, Ac4, NT>(s, w, d, L, N, lp, rp);
+                if (!NT && plan.fits) compose_planned<T, Ch, Ac4>(s, d, L, plan, lp, rp);
+                else compose_row<T, Ch, Ac4, NT>(s, w, d, L, N, lp, rp);
             } else {
                 compose_row<T, Ch, Ac4, false>(nullptr, 0, d, L, L, lp, lp);
                 compose_row<T, Ch, Ac4, false>(nullptr, 0, d + L + w, N - L - w, N - L - w, rp, rp);
             }
         } else {
             mirror_or_wrap_sides(s, d);
-            if constexpr (Copy) compose_row<T, Ch, false, NT>(s, w, d + L, 0, w, constant, constant);
+            if constexpr (Copy) {
+                if (!NT && plan.fits) compose_planned<T, Ch, false>(s, d + L, 0, plan, constant, constant);
+                else compose_row<T, Ch, false, NT>(s, w, d + L, 0, w, constant, constant);
+            }
         }
     }
 
@@ -145,10 +153,15 @@ TavStatus copy_with_border(const T* pSrc, int64_t srcStep, T* pDst, int64_t dstS
     const Rows<K, T, Ch, Ac4> rows{f, pDst, dstStep, value};
     const Pattern<T, Ch> constant = constant_of<K, T, Ch, Ac4>(value);
     const bool nt = !Ac4 && stream_borders(f, Ch * sizeof(T));
+    // Mirrored and wrapped sides are written apart: the plan covers the
+    // source part alone.
+    constexpr bool patterned = K == Kind::Const || K == Kind::Replicate;
+    const RowPlan plan = plan_row<T, patterned && Ac4>(f.srcW * Ch, patterned ? f.left * Ch : 0,
+                                                         patterned ? f.dstW * Ch : f.srcW * Ch);
     const auto sourceRows = [&]<bool NT>() {
         const T* s = pSrc;
         for (int64_t y = 0; y < f.srcH; ++y, s = advance(s, srcStep))
-            rows.template source_part<NT, true>(s, rows.row(f.top + y), constant);
+            rows.template source_part<NT, true>(s, rows.row(f.top + y), constant, plan);
     };
     if (nt) {
         sourceRows.template operator()<true>();
@@ -170,9 +183,10 @@ TavStatus border_in_place(T* pSrc, int64_t step, Frame f, const T* value) {
     T* origin = advance(pSrc, -f.top * step) - f.left * Ch;
     const Rows<K, T, Ch, Ac4> rows{f, origin, step, value};
     const Pattern<T, Ch> constant = constant_of<K, T, Ch, Ac4>(value);
+    const RowPlan unused{};
     for (int64_t y = 0; y < f.srcH; ++y) {
         T* d = rows.row(f.top + y);
-        rows.template source_part<false, false>(d + f.left * Ch, d, constant);
+        rows.template source_part<false, false>(d + f.left * Ch, d, constant, unused);
     }
     rows.frame_rows(constant);
     return tavOk;

@@ -93,6 +93,16 @@ struct Pattern {
     __m512i v[3];
     Pattern() : v{_mm512_setzero_si512(), _mm512_setzero_si512(), _mm512_setzero_si512()} {}
     Pattern(const T* px, int count) {
+        // Whole pixels of 1, 2, 4 or 8 bytes are one broadcast.
+        if (count == Ch && Ch * sizeof(T) <= 8 && Ch != 3) {
+            uint64_t bits = 0;
+            std::memcpy(&bits, px, Ch * sizeof(T));
+            if constexpr (Ch * sizeof(T) == 1) v[0] = _mm512_set1_epi8(static_cast<char>(bits));
+            else if constexpr (Ch * sizeof(T) == 2) v[0] = _mm512_set1_epi16(static_cast<short>(bits));
+            else if constexpr (Ch * sizeof(T) == 4) v[0] = _mm512_set1_epi32(static_cast<int>(bits));
+            else v[0] = _mm512_set1_epi64(static_cast<long long>(bits));
+            return;
+        }
         const __m128i p = _mm_maskz_loadu_epi8(static_cast<__mmask16>(_bzhi_u32(0xffffu, count * sizeof(T))), px);
         const __m512i b = _mm512_broadcast_i32x4(p);
         for (int k = 0; k < (Ch == 3 ? 3 : 1); ++k)
@@ -147,6 +157,68 @@ void compose_row(const T* src, int64_t M, T* dst, int64_t L, int64_t N, const Pa
         else put<T, NT>(dst + o, kAllLanes<T>, v);
     }
     for (; o < N; o += B) mixed(o, true);
+}
+
+// The vectors of a row that are not plain copies of the source, worked out
+// once for all rows of a call: which lanes take the left pattern, which the
+// source, which are written. Rows whose edges need more pieces than fit
+// here take compose_row.
+struct RowPlan {
+    struct Piece {
+        int64_t o;
+        uint64_t left, inside, store;
+    };
+    static constexpr int kMax = 12;
+    Piece head[kMax], tail[kMax];
+    int heads = 0, tails = 0;
+    int64_t from = 0, to = 0;  // whole source vectors: [from, to)
+    bool fits = false;
+};
+
+template <class T, bool Ac4>
+inline RowPlan plan_row(int64_t M, int64_t L, int64_t N) {
+    constexpr int B = kLanes<T>;
+    RowPlan p;
+    const auto piece = [&](int64_t o) {
+        const uint64_t left = low_lanes(std::clamp<int64_t>(L - o, 0, B));
+        const uint64_t inside = low_lanes(std::clamp<int64_t>(L + M - o, 0, B)) & ~left;
+        return RowPlan::Piece{o, left, inside, kLive<T, Ac4> & low_lanes(N - o)};
+    };
+    int64_t o = 0;
+    for (; o < N && o < L; o += B) {
+        if (p.heads == RowPlan::kMax) return p;
+        p.head[p.heads++] = piece(o);
+    }
+    p.from = o;
+    for (; o + B <= L + M; o += B) {}
+    p.to = o;
+    for (; o < N; o += B) {
+        if (p.tails == RowPlan::kMax) return p;
+        p.tail[p.tails++] = piece(o);
+    }
+    p.fits = true;
+    return p;
+}
+
+// compose_row by a plan, plain stores.
+template <class T, int Ch, bool Ac4>
+void compose_planned(const T* src, T* dst, int64_t L, const RowPlan& p, const Pattern<T, Ch>& lp,
+                     const Pattern<T, Ch>& rp) {
+    constexpr int B = kLanes<T>;
+    const auto srcAt = [src, L](int64_t o) {
+        return reinterpret_cast<const T*>(reinterpret_cast<uintptr_t>(src) + (o - L) * int64_t{sizeof(T)});
+    };
+    const auto piece = [&](const RowPlan::Piece& q) {
+        __m512i v = blend<T>(q.left, rp.at(q.o), lp.at(q.o));
+        if (q.inside) v = load_over(v, q.inside, srcAt(q.o));
+        put<T, false>(dst + q.o, q.store, v);
+    };
+    for (int i = 0; i < p.heads; ++i) piece(p.head[i]);
+    for (int64_t o = p.from; o < p.to; o += B) {
+        if constexpr (Ac4) store(dst + o, kLive<T, true>, load<T>(kLive<T, true>, srcAt(o)));
+        else _mm512_storeu_si512(dst + o, _mm512_loadu_si512(srcAt(o)));
+    }
+    for (int i = 0; i < p.tails; ++i) piece(p.tail[i]);
 }
 
 // Reverses units of U bytes (1, 2, 4, 8 or 16) within a vector.
