@@ -244,6 +244,11 @@ inline __m512i reverse_units(__m512i v) {
 template <class T, int Ch>
 void reverse_pixels(const T* src, int64_t n, T* dst) {
     constexpr int P = Ch * sizeof(T);
+    // A few pixels cost less one by one than a masked vector.
+    if (n * P <= 16) {
+        for (int64_t i = 0; i < n; ++i) std::memcpy(dst + i * Ch, src + (n - 1 - i) * Ch, P);
+        return;
+    }
     if constexpr (P == 1 || P == 2 || P == 4 || P == 8 || P == 16) {
         constexpr int K = 64 / P, B = kLanes<T>;
         for (int64_t i = 0; i < n; i += K) {
@@ -263,6 +268,10 @@ void reverse_pixels(const T* src, int64_t n, T* dst) {
 template <class T, int Ch>
 void copy_pixels(const T* src, int64_t n, T* dst) {
     constexpr int B = kLanes<T>;
+    if (n * Ch * int64_t{sizeof(T)} <= 16) {
+        for (int64_t i = 0; i < n; ++i) std::memcpy(dst + i * Ch, src + i * Ch, Ch * sizeof(T));
+        return;
+    }
     const int64_t e = n * Ch;
     for (int64_t i = 0; i < e; i += B) {
         const uint64_t m = low_lanes(e - i);
