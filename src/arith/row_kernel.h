@@ -155,23 +155,21 @@ inline void for_image(const T* x, std::ptrdiff_t xStep, const T* y, std::ptrdiff
     }
 }
 
-// Streaming gates. Both ask the cache size only from 0x180001 bytes on, so
-// small calls never pay for the query, and callers ask only out of place.
-// Logic with a constant: a row (contiguous rows count as one) streams when
-// above a quarter of the cache.
+// Streaming gates; callers ask only out of place.
+// Logic with a constant asks the cache size only from 0x180001 bytes on, so
+// small calls never pay for the query: a row (contiguous rows count as one)
+// streams when above a quarter of the cache.
 inline bool stream_row(int64_t rowBytes) {
     if (rowBytes < 0x180001) return false;
     const long long c = cache_bytes();
     return c >= 0 && rowBytes > c / 4;
 }
 
-// The other point families: the image streams when everything the call reads
-// and writes cannot stay in the cache; below that, a destination kept in the
-// cache is cheaper than one written around it.
-inline bool stream_image(int64_t trafficBytes) {
-    if (trafficBytes < 0x180001) return false;
-    const long long c = cache_bytes();
-    return c >= 0 && trafficBytes >= c;
-}
+// The other point families are not among the cache-steered ones, so they
+// never ask the core module: an image streams when everything the call reads
+// and writes passes a fixed size that no last-level cache we target holds.
+// Below it, a destination kept in the cache is cheaper than one written around it.
+inline constexpr int64_t kStreamImageBytes = int64_t{32} << 20;
+inline bool stream_image(int64_t trafficBytes) { return trafficBytes >= kStreamImageBytes; }
 
 }  // namespace tav::arith

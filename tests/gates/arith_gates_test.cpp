@@ -13,7 +13,7 @@ namespace {
 struct Big {
     int w, h, pad;
 };
-const Big kBig[] = {{2048, 1024, 0}, {0x180040, 2, 24}};
+const Big kBig[] = {{2048, 1024, 0}, {0x180040, 2, 24}, {4096, 2816, 0}};
 
 TEST(ArithGates, StreamedResultsMatch) {
     for (const Big& g : kBig) {
@@ -49,6 +49,15 @@ TEST(ArithGates, SmallCallsNeverAsk) {
     tavtest::Image<Tav8u> a(1000, 1500), d(1000, 1500);
     ASSERT_EQ(taviAndC_8u_C1R(a.ptr(), 1000, 7, d.ptr(), 1000, {1000, 1500}), tavOk);
     ASSERT_EQ(taviSub_8u_C1RSfs(a.ptr(), 1000, a.ptr(), 1000, d.ptr(), 1000, {1000, 500}, 0), tavOk);
+    EXPECT_EQ(tavtest::core_cache_queries(), before);
+}
+
+// Arithmetic decides on bytes alone: even an image past its streaming size
+// never reaches the core module.
+TEST(ArithGates, ArithmeticNeverAsks) {
+    const long long before = tavtest::core_cache_queries();
+    tavtest::Image<Tav8u> a(4096, 2816), d(4096, 2816);
+    ASSERT_EQ(taviAdd_8u_C1RSfs(a.ptr(), 4096, a.ptr(), 4096, d.ptr(), 4096, {4096, 2816}, 0), tavOk);
     EXPECT_EQ(tavtest::core_cache_queries(), before);
 }
 
