@@ -35,6 +35,7 @@ typedef struct { Tav32u borderLeft; Tav32u borderTop; Tav32u borderRight; Tav32u
 typedef struct TaviResizeSpec TaviResizeSpec;
 typedef struct TaviWarpSpec TaviWarpSpec;
 typedef struct TaviFFT1DSpec TaviFFT1DSpec;
+typedef struct TaviHistogramSpec TaviHistogramSpec;
 
 /* ---- version record ----------------------------------------------------- */
 typedef struct {
