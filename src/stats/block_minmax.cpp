@@ -36,10 +36,12 @@ void block_minmax(const BlockJob<T>& j, T& gmin, T& gmax) {
             // Column extrema over the band's rows, row by row.
             for (int y = 0; y < rows; ++y, row = advance(row, j.srcStep)) {
                 for (int64_t i = 0; i < cw; i += E) {
-                    const auto m = simd::first_lanes<T>(static_cast<std::size_t>(cw - i));
-                    const auto v = simd::load(row + i, m);
-                    simd::store(cmin + i, m, y ? O::min(simd::load(cmin + i), v) : v);
-                    simd::store(cmax + i, m, y ? O::max(simd::load(cmax + i), v) : v);
+                    // Unmasked loads where the row allows: masked ones defeat the
+                    // streaming of some cores. The column arrays hold whole vectors.
+                    const auto v = cw - i >= E ? simd::load(row + i)
+                                               : simd::load(row + i, simd::first_lanes<T>(std::size_t(cw - i)));
+                    simd::store(cmin + i, y ? O::min(simd::load(cmin + i), v) : v);
+                    simd::store(cmax + i, y ? O::max(simd::load(cmax + i), v) : v);
                 }
             }
             // Each block's share of this piece of columns.

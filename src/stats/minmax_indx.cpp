@@ -29,7 +29,8 @@ int find_first(const T* p, int64_t n, int c, T v) {
     const auto key = O::set1(v);
     for (int64_t i = 0; i < n; i += E) {
         const M live = simd::first_lanes<T>(static_cast<std::size_t>(n - i));
-        const M hit = O::eq(simd::load(p + i, live), key) & live & pattern[(i % C) % 3];
+        const auto v = n - i >= E ? simd::load(p + i) : simd::load(p + i, live);
+        const M hit = O::eq(v, key) & live & pattern[(i % C) % 3];
         if (hit) return static_cast<int>((i + __builtin_ctzll(hit)) / C);
     }
     return static_cast<int>(n / C);
