@@ -163,15 +163,23 @@ TEST(Histogram, LevelsOfTheTwoInits) {
 // Pixels on and next to every uniform level, where the product x * (1/step)
 // can land in the neighbouring bin: the level table decides.
 TEST(Histogram, UniformBinsFollowTheLevelTable) {
-    const float bounds[][2] = {{-1.0f, 0.1f}, {0.3f, 7.7f}, {-1000.5f, 33.3f}, {1e-3f, 2e-3f}};
+    const float bounds[][2] = {{-1.0f, 0.1f}, {0.3f, 7.7f}, {-1000.5f, 33.3f}, {1e-3f, 2e-3f}, {1000, 1100}, {1e6f, 1e6f + 300}};
     for (const auto& b : bounds) {
         for (int nl : {7, 37, 256}) {
             std::vector<float> lv(nl, b[0]);
             lv.back() = b[1];
             Spec s = make_spec<float>(1, {lv}, true);
             std::vector<float> px;
-            for (double L : s.levels[0])
-                for (float v : {float(L), std::nextafter(float(L), -HUGE_VALF), std::nextafter(float(L), HUGE_VALF)}) px.push_back(v);
+            // On each level and 1 to 4096 units of the last place either side.
+            for (double L : s.levels[0]) {
+                px.push_back(float(L));
+                for (int ulps = 1; ulps <= 4096; ulps *= 2) {
+                    float down = float(L), up = float(L);
+                    for (int i = 0; i < ulps; ++i) down = std::nextafter(down, -HUGE_VALF), up = std::nextafter(up, HUGE_VALF);
+                    px.push_back(down);
+                    px.push_back(up);
+                }
+            }
             Image<float> img(int(px.size()), 1);
             img.fill_with([&](int x, int) { return px[x]; });
             std::vector<Tav32u> h(nl - 1);
