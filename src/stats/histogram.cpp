@@ -109,10 +109,22 @@ uint32_t sum_run(const U32u* t, int64_t n) {
 }
 
 // Bin k adds the table from L[k] to L[k + 1] - 1, both clamped to the table.
+// A 256-entry table goes through its running sums; longer tables add each
+// bin's run in vectors.
 void bins_from_table(const U32u* table, int range, int offset, const int32_t* L, int n, Tav32u* hist) {
+    auto clamp = [&](int32_t v) { return std::clamp<int64_t>(int64_t(v) + offset, 0, range); };
+    if (range == 256) {
+        uint32_t before[257];
+        before[0] = 0;
+        for (int v = 0; v < 256; ++v) before[v + 1] = before[v] + table[v];
+        for (int k = 0; k + 1 < n; ++k) {
+            const int64_t lo = clamp(L[k]), hi = clamp(L[k + 1]);
+            hist[k] = hi > lo ? before[hi] - before[lo] : 0;
+        }
+        return;
+    }
     for (int k = 0; k + 1 < n; ++k) {
-        const int64_t lo = std::clamp<int64_t>(int64_t(L[k]) + offset, 0, range);
-        const int64_t hi = std::clamp<int64_t>(int64_t(L[k + 1]) + offset, 0, range);
+        const int64_t lo = clamp(L[k]), hi = clamp(L[k + 1]);
         hist[k] = hi > lo ? sum_run(table + lo, hi - lo) : 0;
     }
 }
