@@ -131,19 +131,8 @@ void expect_blocks(const Image<T>& src, int w, int h, int bw, int bh, bool withM
     // A suppressed output is left as it was.
     if (!withMin) std::memcpy(emin.bytes(), dmin.bytes(), dmin.span());
     if (!withMax) std::memcpy(emax.bytes(), dmax.bytes(), dmax.span());
-    TavStatus st;
-    if constexpr (std::is_same_v<T, Tav8u>)
-        st = taviBlockMinMax_8u_C1R(src.ptr(), src.step(), {w, h}, withMin ? dmin.ptr() : nullptr, dmin.step(),
-                                    withMax ? dmax.ptr() : nullptr, dmax.step(), {bw, bh}, &gmin, &gmax);
-    else if constexpr (std::is_same_v<T, Tav16u>)
-        st = taviBlockMinMax_16u_C1R(src.ptr(), src.step(), {w, h}, withMin ? dmin.ptr() : nullptr, dmin.step(),
-                                     withMax ? dmax.ptr() : nullptr, dmax.step(), {bw, bh}, &gmin, &gmax);
-    else if constexpr (std::is_same_v<T, Tav16s>)
-        st = taviBlockMinMax_16s_C1R(src.ptr(), src.step(), {w, h}, withMin ? dmin.ptr() : nullptr, dmin.step(),
-                                     withMax ? dmax.ptr() : nullptr, dmax.step(), {bw, bh}, &gmin, &gmax);
-    else
-        st = taviBlockMinMax_32f_C1R(src.ptr(), src.step(), {w, h}, withMin ? dmin.ptr() : nullptr, dmin.step(),
-                                     withMax ? dmax.ptr() : nullptr, dmax.step(), {bw, bh}, &gmin, &gmax);
+    const TavStatus st = Fns<T>::block(src.ptr(), src.step(), {w, h}, withMin ? dmin.ptr() : nullptr, dmin.step(),
+                                       withMax ? dmax.ptr() : nullptr, dmax.step(), {bw, bh}, &gmin, &gmax);
     ASSERT_EQ(st, tavOk);
     const auto where = ::testing::Message() << w << "x" << h << " block " << bw << "x" << bh;
     ASSERT_TRUE(same_bytes(dmin, emin.snapshot())) << where;

@@ -7,9 +7,9 @@
 #include <limits>
 #include <vector>
 
+#include "stats/stats_fns.h"
 #include "support/image.h"
 #include "support/ref_hist.h"
-#include "tavi.h"
 
 namespace {
 
@@ -53,22 +53,14 @@ Spec make_spec(int ch, const std::vector<std::vector<float>>& lv, bool uniform, 
 
 template <class T, int C>
 TavStatus call_hist(const T* p, int step, TaviSize r, Tav32u* const* h, const TaviHistogramSpec* s, Tav8u* buf) {
-    if constexpr (std::is_same_v<T, float>) {
-        if constexpr (C == 1) return taviHistogram_32f_C1R(p, step, r, h[0], s);
-        else if constexpr (C == 3) return taviHistogram_32f_C3R(p, step, r, h, s);
-        else return taviHistogram_32f_C4R(p, step, r, h, s);
-    } else if constexpr (std::is_same_v<T, Tav8u>) {
-        if constexpr (C == 1) return taviHistogram_8u_C1R(p, step, r, h[0], s, buf);
-        else if constexpr (C == 3) return taviHistogram_8u_C3R(p, step, r, h, s, buf);
-        else return taviHistogram_8u_C4R(p, step, r, h, s, buf);
-    } else if constexpr (std::is_same_v<T, Tav16u>) {
-        if constexpr (C == 1) return taviHistogram_16u_C1R(p, step, r, h[0], s, buf);
-        else if constexpr (C == 3) return taviHistogram_16u_C3R(p, step, r, h, s, buf);
-        else return taviHistogram_16u_C4R(p, step, r, h, s, buf);
+    constexpr auto fn = std::get<C == 1 ? 0 : C == 3 ? 1 : 2>(Fns<T>::hist);
+    constexpr bool kBuffer = !std::is_same_v<T, float>;
+    if constexpr (C == 1) {
+        if constexpr (kBuffer) return fn(p, step, r, h[0], s, buf);
+        else return fn(p, step, r, h[0], s);
     } else {
-        if constexpr (C == 1) return taviHistogram_16s_C1R(p, step, r, h[0], s, buf);
-        else if constexpr (C == 3) return taviHistogram_16s_C3R(p, step, r, h, s, buf);
-        else return taviHistogram_16s_C4R(p, step, r, h, s, buf);
+        if constexpr (kBuffer) return fn(p, step, r, h, s, buf);
+        else return fn(p, step, r, h, s);
     }
 }
 

@@ -22,6 +22,8 @@ struct Fns;
 
 template <>
 struct Fns<Tav8u> {
+    static constexpr auto block = &taviBlockMinMax_8u_C1R;
+    static constexpr auto hist = std::make_tuple(&taviHistogram_8u_C1R, &taviHistogram_8u_C3R, &taviHistogram_8u_C4R);
     static constexpr auto sum = std::make_tuple(&taviSum_8u_C1R, &taviSum_8u_C3R, &taviSum_8u_C4R);
     static constexpr auto mean = std::make_tuple(&taviMean_8u_C1R, &taviMean_8u_C3R, &taviMean_8u_C4R);
     static constexpr auto min = std::make_tuple(&taviMin_8u_C1R, &taviMin_8u_C3R, &taviMin_8u_C4R, &taviMin_8u_AC4R);
@@ -36,6 +38,8 @@ struct Fns<Tav8u> {
 };
 template <>
 struct Fns<Tav16u> {
+    static constexpr auto block = &taviBlockMinMax_16u_C1R;
+    static constexpr auto hist = std::make_tuple(&taviHistogram_16u_C1R, &taviHistogram_16u_C3R, &taviHistogram_16u_C4R);
     static constexpr auto sum = std::make_tuple(&taviSum_16u_C1R, &taviSum_16u_C3R, &taviSum_16u_C4R);
     static constexpr auto mean = std::make_tuple(&taviMean_16u_C1R, &taviMean_16u_C3R, &taviMean_16u_C4R);
     static constexpr auto min = std::make_tuple(&taviMin_16u_C1R, &taviMin_16u_C3R, &taviMin_16u_C4R, &taviMin_16u_AC4R);
@@ -50,6 +54,8 @@ struct Fns<Tav16u> {
 };
 template <>
 struct Fns<Tav16s> {
+    static constexpr auto block = &taviBlockMinMax_16s_C1R;
+    static constexpr auto hist = std::make_tuple(&taviHistogram_16s_C1R, &taviHistogram_16s_C3R, &taviHistogram_16s_C4R);
     static constexpr auto sum = std::make_tuple(&taviSum_16s_C1R, &taviSum_16s_C3R, &taviSum_16s_C4R);
     static constexpr auto mean = std::make_tuple(&taviMean_16s_C1R, &taviMean_16s_C3R, &taviMean_16s_C4R);
     static constexpr auto min = std::make_tuple(&taviMin_16s_C1R, &taviMin_16s_C3R, &taviMin_16s_C4R, &taviMin_16s_AC4R);
@@ -64,6 +70,8 @@ struct Fns<Tav16s> {
 };
 template <>
 struct Fns<Tav32f> {
+    static constexpr auto block = &taviBlockMinMax_32f_C1R;
+    static constexpr auto hist = std::make_tuple(&taviHistogram_32f_C1R, &taviHistogram_32f_C3R, &taviHistogram_32f_C4R);
     static constexpr auto sum = std::make_tuple(&taviSum_32f_C1R, &taviSum_32f_C3R, &taviSum_32f_C4R);
     static constexpr auto mean = std::make_tuple(&taviMean_32f_C1R, &taviMean_32f_C3R, &taviMean_32f_C4R);
     static constexpr auto min = std::make_tuple(&taviMin_32f_C1R, &taviMin_32f_C3R, &taviMin_32f_C4R, &taviMin_32f_AC4R);
