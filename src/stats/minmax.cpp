@@ -7,8 +7,9 @@ namespace {
 // Walks the image row by row and leaves the loop over rows once `stop` holds.
 template <class P, class T, class Stop>
 void walk_until(P& p, const T* src, std::ptrdiff_t step, int64_t n, int h, Stop stop) {
+    const bool pf = streaming<T>(n, h);
     for (int y = 0; y < h; ++y, src = advance(src, step)) {
-        walk(p, n, src);
+        walk_any(pf, p, n, src);
         if (stop()) return;
     }
 }

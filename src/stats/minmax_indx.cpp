@@ -83,10 +83,11 @@ void indx(const T* src, std::ptrdiff_t step, TaviSize roi, T* outV, int* outX, i
     };
 
     const T* p = src;
+    const bool pf = streaming<T>(n, roi.height);
     for (int y = 0; y < roi.height; ++y, p = advance(p, step)) {
         P r;
         r.seed_all(kWorst, kWorst);
-        walk(r, n, p);
+        walk_any(pf, r, n, p);
         simd::Mask<T> any = 0;
         for (int k = 0; k < P::kSteps; ++k) {
             if constexpr (IsMin) any |= O::lt(r.mn[k], bv[k]);

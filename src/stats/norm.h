@@ -304,17 +304,18 @@ void norm_32f(const float* a, std::ptrdiff_t sa, const float* b, std::ptrdiff_t 
         const int64_t pairs = row_elems<L>(w & ~1);
         const bool odd = w & 1;
         WideSums<N, F, L> p;
+        const bool pf = streaming<float>(n, h, F == Form::Plain ? 1 : 2);
         for (int y = 0; y < h; ++y, a = advance(a, sa), b = advance(b, sb)) {
             p.reset();
             double lastNum[C], lastDen[C];
             if constexpr (F != Form::Plain) {
-                walk(p, pairs, a, b);
+                walk_any(pf, p, pairs, a, b);
                 for (int c = 0; c < C && odd; ++c) {
                     lastNum[c] = double(a[pairs + c]) - double(b[pairs + c]);
                     lastDen[c] = b[pairs + c];
                 }
             } else {
-                walk(p, pairs, a);
+                walk_any(pf, p, pairs, a);
                 for (int c = 0; c < C && odd; ++c) lastNum[c] = a[pairs + c];
             }
             WideSums<N, F, L>::fold_row(p.num, ne, no, odd ? lastNum : nullptr);
