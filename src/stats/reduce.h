@@ -73,7 +73,7 @@ constexpr int block_steps(int unroll) {
 // kStreamBytes in all take it. A prefetch never faults, so running past the
 // end of the data is harmless.
 inline constexpr int64_t kStreamBytes = int64_t{1} << 20;
-inline constexpr std::ptrdiff_t kPrefetchAhead = 16384;
+inline constexpr std::ptrdiff_t kPrefetchAhead = 32768;
 
 template <class S>
 inline void prefetch_ahead(const S* p, std::size_t bytes) {
