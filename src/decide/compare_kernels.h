@@ -9,6 +9,7 @@
 
 #include <immintrin.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -26,6 +27,7 @@ using V = typename Vec<T>::V;
 template <class T>
 struct RowOperand {
     const T* p;
+    static constexpr bool kImage = true;
     V<T> get(std::size_t e, int) const { return simd::load(p + e); }
     V<T> get(std::size_t e, Mask<T> m, int) const { return simd::load(p + e, m); }
     void next(std::ptrdiff_t step) { p = advance(p, step); }
@@ -34,6 +36,8 @@ struct RowOperand {
 template <class T, Layout L>
 struct ConstOperand {
     V<T> c[kPhases<L>];
+    static constexpr bool kImage = false;
+    const T* p = nullptr;
     explicit ConstOperand(const std::array<T, 4>& perChannel) {
         const RowConsts<T, L, 1> rc({perChannel});
         for (int k = 0; k < kPhases<L>; ++k) c[k] = rc.at(0, 0, k);
@@ -128,16 +132,44 @@ inline std::uint64_t step_bits(const A& a, const B& b, std::size_t e0, std::size
     return all_channels<L>(w);
 }
 
+// The pixels [px, px + n) of a row, n below 64, under masks.
 template <class T, Layout L, class A, class B, class Test>
+void part(const A& a, const B& b, Tav8u* d, std::size_t px, std::size_t n, const Test& test) {
+    constexpr std::size_t C = kChannels<L>;
+    const std::uint64_t bits = step_bits<T, L, false>(a, b, px * C, n * C, test);
+    _mm512_mask_storeu_epi8(d + px, first_lanes<Tav8u>(n), _mm512_movm_epi8(bits));
+}
+
+// The streaming form peels up to the destination's 64-byte boundary and
+// writes the whole steps behind it with non-temporal stores; the caller fences.
+template <class T, Layout L, bool Stream, class A, class B, class Test>
 void row(const A& a, const B& b, Tav8u* d, std::size_t width, const Test& test) {
     constexpr std::size_t C = kChannels<L>;
     std::size_t px = 0;
-    for (; px + 64 <= width; px += 64)
-        _mm512_storeu_si512(d + px, _mm512_movm_epi8(step_bits<T, L, true>(a, b, px * C, 0, test)));
-    if (px < width) {
-        const std::uint64_t bits = step_bits<T, L, false>(a, b, px * C, (width - px) * C, test);
-        _mm512_mask_storeu_epi8(d + px, first_lanes<Tav8u>(width - px), _mm512_movm_epi8(bits));
+    if constexpr (Stream) {
+        px = std::min<std::size_t>((64 - reinterpret_cast<std::uintptr_t>(d) % 64) % 64, width);
+        if (px) part<T, L>(a, b, d, 0, px, test);
+        for (; px + 64 <= width; px += 64)
+            _mm512_stream_si512(reinterpret_cast<__m512i*>(d + px),
+                                _mm512_movm_epi8(step_bits<T, L, true>(a, b, px * C, 0, test)));
+    } else {
+        for (; px + 128 <= width; px += 128) {
+            const std::uint64_t lo = step_bits<T, L, true>(a, b, px * C, 0, test);
+            const std::uint64_t hi = step_bits<T, L, true>(a, b, (px + 64) * C, 0, test);
+            _mm512_storeu_si512(d + px, _mm512_movm_epi8(lo));
+            _mm512_storeu_si512(d + px + 64, _mm512_movm_epi8(hi));
+        }
+        if (px + 64 <= width) {
+            _mm512_storeu_si512(d + px, _mm512_movm_epi8(step_bits<T, L, true>(a, b, px * C, 0, test)));
+            px += 64;
+        }
     }
+    if (px < width) part<T, L>(a, b, d, px, width - px, test);
+}
+
+template <class T, Layout L, class A>
+std::int64_t read_bytes(const A&, std::int64_t width) {
+    return A::kImage ? row_elems<L>(width) * static_cast<std::int64_t>(sizeof(T)) : 0;
 }
 
 // A constant operand counts as contiguous: it has no rows.
@@ -145,11 +177,25 @@ template <class T, Layout L, class A, class B, class Test>
 void run(A a, std::ptrdiff_t aStep, B b, std::ptrdiff_t bStep, Tav8u* d, int dStep, TaviSize r, const Test& test) {
     const std::ptrdiff_t rowBytes = static_cast<std::ptrdiff_t>(row_elems<L>(r.width) * sizeof(T));
     const Rows rows = rows_of(r.width, r.height, aStep == rowBytes && bStep == rowBytes && dStep == r.width);
-    for (std::int64_t y = 0; y < rows.height; ++y) {
-        row<T, L>(a, b, d, static_cast<std::size_t>(rows.elems), test);
-        a.next(aStep);
-        b.next(bStep);
-        d = advance(d, dStep);
+    const std::int64_t traffic =
+        (read_bytes<T, L>(a, r.width) + read_bytes<T, L>(b, r.width) + r.width) * std::int64_t{r.height};
+    // The mask of a large out-of-place call is never read back by it: it goes
+    // around the cache and the sources keep it.
+    const void* dv = d;
+    const bool stream = traffic >= kStreamTrafficBytes && dv != a.p && dv != b.p;
+    const auto each = [&](auto streaming) {
+        for (std::int64_t y = 0; y < rows.height; ++y) {
+            row<T, L, decltype(streaming)::value>(a, b, d, static_cast<std::size_t>(rows.elems), test);
+            a.next(aStep);
+            b.next(bStep);
+            d = advance(d, dStep);
+        }
+    };
+    if (stream) {
+        each(std::true_type{});
+        _mm_sfence();
+    } else {
+        each(std::false_type{});
     }
 }
 

@@ -145,6 +145,11 @@ TavStatus check_unary(const Io<T>& a, TaviSize r) {
     return tavOk;
 }
 
+// Out-of-place calls whose reads and writes together reach this many bytes
+// write around the cache. The gate is fixed: apart from the 16u thresholds,
+// these families never ask the core module for its cache size.
+inline constexpr std::int64_t kStreamTrafficBytes = std::int64_t{16} << 20;
+
 // Rows with no gap between them (every step equal to its image's row bytes)
 // are walked as one long row.
 struct Rows {

@@ -10,11 +10,13 @@
 
 namespace {
 
-using Bank = std::uint32_t[256];
+// Counting goes through 16-bit banks, flushed into the 32-bit ones before
+// they can overflow: narrower counters increment faster.
+using Part = std::uint16_t[256];
 
 // Even columns count in one bank and odd columns in the other, so that two
 // equal neighbours never wait on the same counter.
-void count_row(const Tav8u* p, int width, Bank& even, Bank& odd) {
+void count_row(const Tav8u* p, int width, Part& even, Part& odd) {
     int x = 0;
     for (; x + 8 <= width; x += 8) {
         std::uint64_t v;
@@ -29,6 +31,12 @@ void count_row(const Tav8u* p, int width, Bank& even, Bank& odd) {
         ++odd[v >> 56];
     }
     for (; x < width; ++x) ++((x & 1) ? odd : even)[p[x]];
+}
+
+void flush(std::uint32_t (&bank)[2][256], Part (&part)[2]) {
+    for (int k = 0; k < 2; ++k)
+        for (int i = 0; i < 256; ++i) bank[k][i] += part[k][i];
+    std::memset(part, 0, sizeof part);
 }
 
 // Eight lanes folded pairwise, halves first.
@@ -47,8 +55,24 @@ TavStatus own_taviComputeThreshold_Otsu_8u_C1R(const Tav8u* pSrc, int srcStep, T
     if (srcStep < roiSize.width) return tavErrStep;
 
     alignas(64) std::uint32_t bank[2][256] = {};
-    for (int y = 0; y < roiSize.height; ++y) count_row(advance(pSrc, std::ptrdiff_t(y) * srcStep), roiSize.width,
-                                                       bank[0], bank[1]);
+    alignas(64) Part part[2] = {};
+    // A piece of a row adds at most half its pixels, rounded up, to a bank.
+    // Pieces start at even columns, so column parity holds.
+    constexpr int kPiece = 1 << 16;
+    int load = 0;
+    for (int y = 0; y < roiSize.height; ++y) {
+        const Tav8u* row = advance(pSrc, std::ptrdiff_t(y) * srcStep);
+        for (int x0 = 0; x0 < roiSize.width; x0 += kPiece) {
+            const int n = roiSize.width - x0 < kPiece ? roiSize.width - x0 : kPiece;
+            if (load + (n + 1) / 2 > 0xFFFF) {
+                flush(bank, part);
+                load = 0;
+            }
+            count_row(row + x0, n, part[0], part[1]);
+            load += (n + 1) / 2;
+        }
+    }
+    flush(bank, part);
 
     double h[256], n8[8] = {}, s8[8] = {};
     for (int i = 0; i < 256; ++i) {

@@ -107,11 +107,12 @@ template <Layout L, class Op, class T>
 TavStatus run(const Io<T>& a, TaviSize r, const Vals<T, Op::N>& v) {
     const RowConsts<T, L, Op::N> rc(v);
     bool stream = false;
-    if constexpr (std::is_same_v<T, Tav16u>) {
-        if (a.src != a.dst) stream = stream_16u(r, sizeof(T) * kChannels<L>);
-    }
     const std::int64_t rowElems = row_elems<L>(r.width);
     const std::int64_t rowBytes = rowElems * static_cast<std::int64_t>(sizeof(T));
+    if (a.src != a.dst) {
+        if constexpr (std::is_same_v<T, Tav16u>) stream = stream_16u(r, sizeof(T) * kChannels<L>);
+        else stream = 2 * rowBytes * r.height >= kStreamTrafficBytes;
+    }
     const Rows rows = rows_of(rowElems, r.height, a.srcStep == rowBytes && a.dstStep == rowBytes);
     for_rows(a.src, a.srcStep, a.dst, a.dstStep, rows.height,
              [&](const T* s, T* d) { row<T, L, Op>(s, d, static_cast<std::size_t>(rows.elems), rc, stream); });

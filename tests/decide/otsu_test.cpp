@@ -39,7 +39,8 @@ TEST(Otsu, MatchesModel) {
     };
     std::vector<Shape> shapes;
     for (int w = 1; w <= 70; w += 3) shapes.push_back({w, 1 + w % 5, w % 4 == 0 ? 0 : 13});
-    for (Shape s : {Shape{1, 1, 0}, Shape{255, 17, 1}, Shape{640, 48, 64}, Shape{4099, 3, 0}}) shapes.push_back(s);
+    for (Shape s : {Shape{1, 1, 0}, Shape{255, 17, 1}, Shape{640, 48, 64}, Shape{4099, 3, 0}, Shape{140001, 2, 5}})
+        shapes.push_back(s);  // the last: rows counted in pieces
     int i = 0;
     for (const Shape& s : shapes) {
         for (int kind = 0; kind < 4; ++kind, ++i) {

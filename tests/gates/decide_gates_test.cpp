@@ -4,7 +4,10 @@
 // every phase of the 64-byte grid, and no query below the gate or in place.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "support/core_double.h"
@@ -98,6 +101,108 @@ TEST(DecideGates, QueriesOnlyAboveTheGate) {
               0);
     EXPECT_EQ(asked([&] { return taviThreshold_GT_8u_C1R(big8.ptr(), big8.step(), out8.ptr(), out8.step(), {1024, 512}, 9); }),
               0);
+}
+
+// Out-of-place thresholds of the other types and compares write around the
+// cache above a fixed traffic gate, never asking the core module. Row steps
+// off the 64-byte grid give the peel every length across the image; each
+// destination sits at a few offsets in a noisy buffer whose bytes outside
+// the rows must survive.
+struct Big {
+    const char* name;
+    int elemBytes, channels, width, height;
+    // Writes the destination rows at d from src (and src2 for compares).
+    std::function<TavStatus(const std::uint8_t*, const std::uint8_t*, int, std::uint8_t*, int, TaviSize)> call;
+    // The expected bytes of element e of row y.
+    std::function<void(const std::uint8_t*, const std::uint8_t*, int, int, std::uint8_t*)> model;
+};
+
+template <class T>
+T get(const std::uint8_t* p, std::size_t i) {
+    T v;
+    std::memcpy(&v, p + i * sizeof(T), sizeof(T));
+    return v;
+}
+
+TEST(DecideGates, OtherTypesStreamWithoutAsking) {
+    const Tav8u t8[3] = {100, 30, 200};
+    const Big cases[] = {
+        {"Threshold_GT_8u_C3R", 1, 3, 301, 9300,
+         [&](const std::uint8_t* s, const std::uint8_t*, int ss, std::uint8_t* d, int ds, TaviSize r) {
+             return taviThreshold_GT_8u_C3R(s, ss, d, ds, r, t8);
+         },
+         [&](const std::uint8_t* s, const std::uint8_t*, int e, int, std::uint8_t* out) {
+             *out = std::min(s[e], t8[e % 3]);
+         }},
+        {"Threshold_GTVal_32f_C1R", 4, 1, 301, 7000,
+         [](const std::uint8_t* s, const std::uint8_t*, int ss, std::uint8_t* d, int ds, TaviSize r) {
+             return taviThreshold_GTVal_32f_C1R(reinterpret_cast<const Tav32f*>(s), ss, reinterpret_cast<Tav32f*>(d),
+                                                ds, r, 0.25f, -7.f);
+         },
+         [](const std::uint8_t* s, const std::uint8_t*, int e, int, std::uint8_t* out) {
+             const float x = get<float>(s, e), y = x > 0.25f ? -7.f : x;
+             std::memcpy(out, &y, 4);
+         }},
+        {"Threshold_GT_16s_C1R", 2, 1, 301, 14000,
+         [](const std::uint8_t* s, const std::uint8_t*, int ss, std::uint8_t* d, int ds, TaviSize r) {
+             return taviThreshold_GT_16s_C1R(reinterpret_cast<const Tav16s*>(s), ss, reinterpret_cast<Tav16s*>(d),
+                                             ds, r, -5);
+         },
+         [](const std::uint8_t* s, const std::uint8_t*, int e, int, std::uint8_t* out) {
+             const Tav16s x = get<Tav16s>(s, e), y = x > -5 ? Tav16s(-5) : x;
+             std::memcpy(out, &y, 2);
+         }},
+        {"Compare_32f_C1R", 4, 1, 200, 9400,
+         [](const std::uint8_t* a, const std::uint8_t* b, int ss, std::uint8_t* d, int ds, TaviSize r) {
+             return taviCompare_32f_C1R(reinterpret_cast<const Tav32f*>(a), ss, reinterpret_cast<const Tav32f*>(b),
+                                        ss, d, ds, r, tavCmpLess);
+         },
+         [](const std::uint8_t* a, const std::uint8_t* b, int e, int, std::uint8_t* out) {
+             *out = get<float>(a, e) < get<float>(b, e) ? 255 : 0;
+         }},
+        {"Compare_8u_C3R", 1, 3, 200, 12000,
+         [](const std::uint8_t* a, const std::uint8_t* b, int ss, std::uint8_t* d, int ds, TaviSize r) {
+             return taviCompare_8u_C3R(a, ss, b, ss, d, ds, r, tavCmpGreaterEq);
+         },
+         [](const std::uint8_t* a, const std::uint8_t* b, int e, int, std::uint8_t* out) {
+             bool all = true;
+             for (int k = 0; k < 3; ++k) all &= a[3 * e + k] >= b[3 * e + k];
+             *out = all ? 255 : 0;
+         }},
+    };
+    for (const Big& c : cases) {
+        const bool mask = std::string(c.name).rfind("Compare", 0) == 0;
+        const int rowBytes = c.width * c.channels * c.elemBytes;
+        const int srcStep = rowBytes + 24;
+        const int outElems = mask ? c.width : c.width * c.channels, outSize = mask ? 1 : c.elemBytes;
+        const int dstStep = outElems * outSize + (mask ? 13 : 2 * c.elemBytes * 3 + 4);
+        std::vector<std::uint8_t> a(std::size_t(srcStep) * c.height), b(a.size());
+        tavtest::fill_bytes_random(a.data(), a.size());
+        tavtest::fill_bytes_random(b.data(), b.size());
+        if (c.elemBytes == 4)  // finite floats, some equal across the two sources
+            for (std::size_t i = 0; i + 4 <= a.size(); i += 4) {
+                const float x = float(int(a[i] % 64) - 32) / 4, y = i % 12 ? float(int(b[i] % 64) - 32) / 4 : x;
+                std::memcpy(&a[i], &x, 4);
+                std::memcpy(&b[i], &y, 4);
+            }
+        for (int off : {0, 4, 37}) {
+            const std::size_t span = std::size_t(c.height - 1) * dstStep + std::size_t(outElems) * outSize;
+            std::vector<std::uint8_t> buf(span + off);
+            tavtest::fill_bytes_random(buf.data(), buf.size());
+            std::vector<std::uint8_t> expected = buf;
+            for (int y = 0; y < c.height; ++y)
+                for (int e = 0; e < outElems; ++e)
+                    c.model(&a[std::size_t(y) * srcStep], &b[std::size_t(y) * srcStep], e, y,
+                            &expected[off + std::size_t(y) * dstStep + std::size_t(e) * outSize]);
+            const long long before = tavtest::core_cache_queries();
+            ASSERT_EQ(c.call(a.data(), b.data(), srcStep, buf.data() + off, dstStep, {c.width, c.height}), tavOk);
+            if (before >= 0) {
+                EXPECT_EQ(tavtest::core_cache_queries(), before) << c.name;
+            }
+            ASSERT_TRUE(tavtest::same_bytes(buf.data(), expected.data(), buf.size(), dstStep))
+                << c.name << " destination offset " << off;
+        }
+    }
 }
 
 }  // namespace
