@@ -1,5 +1,7 @@
 // Otsu's threshold: a two-bank histogram, then a scan in double precision of
 // the between-class variance over the 256 possible splits.
+#include <immintrin.h>
+
 #include <cstdint>
 #include <cstring>
 
@@ -46,6 +48,10 @@ double fold(double* lanes) {
     return lanes[0];
 }
 
+__m512d widen(const std::uint32_t* counts) {
+    return _mm512_maskz_cvtepu32_pd(0xFF, _mm256_load_si256(reinterpret_cast<const __m256i*>(counts)));
+}
+
 }  // namespace
 
 TavStatus own_taviComputeThreshold_Otsu_8u_C1R(const Tav8u* pSrc, int srcStep, TaviSize roiSize, Tav8u* pThreshold) {
@@ -74,35 +80,65 @@ TavStatus own_taviComputeThreshold_Otsu_8u_C1R(const Tav8u* pSrc, int srcStep, T
     }
     flush(bank, part);
 
-    double h[256], n8[8] = {}, s8[8] = {};
-    for (int i = 0; i < 256; ++i) {
-        h[i] = double(bank[0][i]) + double(bank[1][i]);
-        n8[i % 8] += h[i];
-        s8[i % 8] += (i + 0.5) * h[i];
+    // Bins eight at a time: lane k of a sum takes bins k, k + 8, ... in order.
+    alignas(64) double h[256], p[256], cp[256], w[256], m[256], sigma[256];
+    const __m512d half = _mm512_set_pd(7.5, 6.5, 5.5, 4.5, 3.5, 2.5, 1.5, 0.5);
+    __m512d n8 = _mm512_setzero_pd(), s8 = _mm512_setzero_pd();
+    for (int i = 0; i < 256; i += 8) {
+        const __m512d hv =
+            _mm512_add_pd(widen(bank[0] + i), widen(bank[1] + i));
+        _mm512_store_pd(h + i, hv);
+        n8 = _mm512_add_pd(n8, hv);
+        s8 = _mm512_add_pd(s8, _mm512_mul_pd(_mm512_add_pd(half, _mm512_set1_pd(i)), hv));
     }
-    const double n = fold(n8), s = fold(s8);
+    alignas(64) double lanes[2][8];
+    _mm512_store_pd(lanes[0], n8);
+    _mm512_store_pd(lanes[1], s8);
+    const double n = fold(lanes[0]), s = fold(lanes[1]);
 
     const double eps = 1.1920928955078125e-7;
     const double inv = n > eps ? 1.0 / n : 0.0;
     const double mu = s * inv;
-    double w = 0, m = 0, best = 0, t = 0;
-    for (int i = 0; i < 256; ++i) {
-        const double p = inv * h[i];
-        w = w + p;
-        const double q = 1.0 - w;
-        const double lo = w < q ? w : q, hi = w < q ? q : w;
-        // Bins before the first admitted split add nothing to m, though mu
-        // counts them.
-        if (lo > eps && hi < 0.9999998807907104) {
-            m = m + (i + 0.5) * p;
-            const double d = (w + q) * m - mu * w;
-            const double sigma = d * d / (w * q);
-            if (sigma > best) {
-                best = sigma;
-                t = i + 0.5;
-            }
-        }
+    for (int i = 0; i < 256; i += 8) {
+        const __m512d pv = _mm512_mul_pd(_mm512_set1_pd(inv), _mm512_load_pd(h + i));
+        _mm512_store_pd(p + i, pv);
+        _mm512_store_pd(cp + i, _mm512_mul_pd(_mm512_add_pd(half, _mm512_set1_pd(i)), pv));
     }
+    // The running sums are sequential. Bins before the first admitted split
+    // add nothing to m, though mu counts them (adding zero leaves m as it is).
+    std::uint64_t admitted[4] = {};
+    double wi = 0, mi = 0;
+    for (int i = 0; i < 256; ++i) {
+        wi = wi + p[i];
+        const double q = 1.0 - wi;
+        const double lo = wi < q ? wi : q, hi = wi < q ? q : wi;
+        const bool in = lo > eps && hi < 0.9999998807907104;
+        mi = mi + (in ? cp[i] : 0.0);
+        w[i] = wi;
+        m[i] = mi;
+        admitted[i / 64] |= std::uint64_t{in} << (i % 64);
+    }
+    // The variances of admitted splits; 0 elsewhere, which never wins.
+    __m512d top = _mm512_setzero_pd();
+    for (int i = 0; i < 256; i += 8) {
+        const __mmask8 in = static_cast<__mmask8>(admitted[i / 64] >> (i % 64));
+        const __m512d wv = _mm512_load_pd(w + i);
+        const __m512d q = _mm512_sub_pd(_mm512_set1_pd(1.0), wv);
+        const __m512d d = _mm512_sub_pd(_mm512_mul_pd(_mm512_add_pd(wv, q), _mm512_load_pd(m + i)),
+                                        _mm512_mul_pd(_mm512_set1_pd(mu), wv));
+        const __m512d v = _mm512_maskz_div_pd(in, _mm512_mul_pd(d, d), _mm512_mul_pd(wv, q));
+        _mm512_store_pd(sigma + i, v);
+        top = _mm512_maskz_max_pd(0xFF, top, v);  // the plain forms trip a false uninitialised warning
+    }
+    // A split wins when it beats every one before it and 0: the first
+    // greatest variance, if that is above 0.
+    alignas(64) double tops[8];
+    _mm512_store_pd(tops, top);
+    double best = 0;
+    for (double x : tops) best = x > best ? x : best;
+    int t = 0;
+    if (best > 0)
+        while (sigma[t] != best) ++t;
     *pThreshold = static_cast<Tav8u>(t);
     return tavOk;
 }
