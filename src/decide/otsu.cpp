@@ -20,17 +20,15 @@ using Part = std::uint16_t[256];
 // equal neighbours never wait on the same counter.
 void count_row(const Tav8u* p, int width, Part& even, Part& odd) {
     int x = 0;
-    for (; x + 8 <= width; x += 8) {
-        std::uint64_t v;
-        std::memcpy(&v, p + x, 8);
-        ++even[v & 0xff];
-        ++odd[(v >> 8) & 0xff];
-        ++even[(v >> 16) & 0xff];
-        ++odd[(v >> 24) & 0xff];
-        ++even[(v >> 32) & 0xff];
-        ++odd[(v >> 40) & 0xff];
-        ++even[(v >> 48) & 0xff];
-        ++odd[v >> 56];
+    for (; x + 16 <= width; x += 16) {
+        std::uint32_t v[4];
+        std::memcpy(v, p + x, 16);
+        for (std::uint32_t u : v) {
+            ++even[u & 0xff];
+            ++odd[(u >> 8) & 0xff];
+            ++even[(u >> 16) & 0xff];
+            ++odd[u >> 24];
+        }
     }
     for (; x < width; ++x) ++((x & 1) ? odd : even)[p[x]];
 }
