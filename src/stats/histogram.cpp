@@ -65,15 +65,26 @@ void seal(TaviHistogramSpec* s) {
 
 // ---- integer counting -------------------------------------------------------
 
-// One-channel bytes: two tables in turn, so that neighbouring equal values
-// don't wait on one counter (the fastest arrangement measured on the target).
-void count_bytes_c1(const Tav8u* row, int64_t w, uint32_t (*t)[256]) {
+// One-channel bytes: two tables of 16-bit counters in turn, so that
+// neighbouring equal values don't wait on one counter, and the tables stay
+// small in the first-level cache (measured fastest on the target, ahead of
+// 32-bit counters, more tables and wide loads split in registers). A counter
+// can't pass 65535 before the tables are added into the caller's counts.
+constexpr int64_t kByteRun = 65535;
+
+void count_bytes_c1(const Tav8u* row, int64_t w, uint16_t (*t)[256]) {
     int64_t x = 0;
-    for (; x + 2 <= w; x += 2) {
-        ++t[0][row[x]];
-        ++t[1][row[x + 1]];
+    for (; x + 32 <= w; x += 32) {
+#pragma GCC unroll 32
+        for (int k = 0; k < 32; ++k) ++t[k & 1][row[x + k]];
     }
-    if (x < w) ++t[0][row[x]];
+    for (; x < w; ++x) ++t[x & 1][row[x]];
+}
+
+// Adds both tables into the counts and clears them.
+void drain_bytes(uint16_t (*t)[256], uint32_t* counts) {
+    for (int v = 0; v < 256; ++v) counts[v] += uint32_t(t[0][v]) + t[1][v];
+    std::memset(t, 0, 2 * 256 * sizeof(uint16_t));
 }
 
 // Counts of every value of each channel into tables[c] (size 256 or 65536).
@@ -81,12 +92,26 @@ template <class T, int C>
 void count_values(const T* src, std::ptrdiff_t step, TaviSize roi, U32u* const* tables) {
     constexpr uint32_t kOffset = std::is_same_v<T, Tav16s> ? 32768 : 0;
     if constexpr (std::is_same_v<T, Tav8u> && C == 1) {
-        alignas(64) uint32_t t[2][256] = {};
+        alignas(64) uint16_t t[2][256] = {};
+        alignas(64) uint32_t counts[256] = {};
         int64_t w = roi.width;
         int h = roi.height;
         join_rows<T>(w, h, {step});
-        for (int y = 0; y < h; ++y, src = advance(src, step)) count_bytes_c1(src, w, t);
-        for (int v = 0; v < 256; ++v) tables[0][v] = t[0][v] + t[1][v];
+        int64_t room = kByteRun;
+        for (int y = 0; y < h; ++y, src = advance(src, step)) {
+            for (int64_t x = 0; x < w;) {
+                const int64_t run = std::min(w - x, room);
+                count_bytes_c1(src + x, run, t);
+                x += run;
+                room -= run;
+                if (room == 0) {
+                    drain_bytes(t, counts);
+                    room = kByteRun;
+                }
+            }
+        }
+        drain_bytes(t, counts);
+        for (int v = 0; v < 256; ++v) tables[0][v] = counts[v];
     } else {
         for (int y = 0; y < roi.height; ++y, src = advance(src, step))
             for (int x = 0; x < roi.width; ++x)

@@ -200,6 +200,22 @@ TEST(Histogram, TopLevelAndNaNAreNotCounted) {
     EXPECT_EQ(h[0], 8u);  // -3 .. 4; 5 is the open top
 }
 
+// Byte counts of one value well past what a narrow counter holds, in
+// contiguous rows (walked as one) and in padded ones.
+TEST(Histogram, LongRunsOfOneByte) {
+    std::vector<float> full(257);
+    for (int i = 0; i < 257; ++i) full[i] = float(i);
+    Spec s = make_spec<Tav8u>(1, {full}, false);
+    Tav8u buf[1024];
+    for (int pad : {0, 3}) {
+        Image<Tav8u> img(401, 400, 401 + pad);
+        img.fill_with([](int x, int y) { return Tav8u((x + y) % 50 == 0 ? 200 : 7); });
+        std::vector<Tav32u> h(256);
+        ASSERT_EQ(taviHistogram_8u_C1R(img.ptr(), img.step(), {401, 400}, h.data(), s.get(), buf), tavOk);
+        EXPECT_EQ(h, tavref::histogram(img.ptr(), img.step(), 401, 400, 0, 1, s.levels[0])) << "pad " << pad;
+    }
+}
+
 TEST(Histogram, Statuses) {
     int n[4] = {3, 3, 1, 3}, spec = -1, buf = -1;
     struct SizeCase {
