@@ -34,11 +34,12 @@ const bool registered = [] {
     ours<Tav32f>("taviMaxIndx_32f_C1R", 1, -1, 1, [](auto& a, Size2 s) { Tav32f v; int x, y; taviMaxIndx_32f_C1R(a.p(), a.step, {s.w, s.h}, &v, &x, &y); keep(x + y); });
 
     // Per-element extrema of two images.
-    ours2<Tav8u>("taviMaxEvery_8u_C1R", 1, 0, 255, [](auto& a, auto& b, Size2 s) {
-        taviMaxEvery_8u_C1R(a.p(), a.step, b.p(), b.step, b.p(), b.step, {s.w, s.h});
+    // The out-of-place forms write a third image, as the peer does.
+    ours3<Tav8u>("taviMaxEvery_8u_C1R", 0, 255, [](auto& a, auto& b, auto& d, Size2 s) {
+        taviMaxEvery_8u_C1R(a.p(), a.step, b.p(), b.step, d.p(), d.step, {s.w, s.h});
     });
-    ours2<Tav32f>("taviMinEvery_32f_C1R", 1, -1, 1, [](auto& a, auto& b, Size2 s) {
-        taviMinEvery_32f_C1R(a.p(), a.step, b.p(), b.step, b.p(), b.step, {s.w, s.h});
+    ours3<Tav32f>("taviMinEvery_32f_C1R", -1, 1, [](auto& a, auto& b, auto& d, Size2 s) {
+        taviMinEvery_32f_C1R(a.p(), a.step, b.p(), b.step, d.p(), d.step, {s.w, s.h});
     });
     ours2<Tav16u>("taviMaxEvery_16u_C1IR", 1, 0, 65535, [](auto& a, auto& b, Size2 s) {
         taviMaxEvery_16u_C1IR(a.p(), a.step, b.p(), b.step, {s.w, s.h});
@@ -76,8 +77,8 @@ const bool registered = [] {
     peer("taviMinIndx_32f_C1R", "minMaxLoc", CV_32FC1, -1, 1, minloc);
     peer("taviMaxIndx_32f_C1R", "minMaxLoc", CV_32FC1, -1, 1, maxloc);
 
-    peer2("taviMaxEvery_8u_C1R", "max", CV_8UC1, 0, 256, [](const cv::Mat& a, cv::Mat& b) { cv::max(a, b, b); });
-    peer2("taviMinEvery_32f_C1R", "min", CV_32FC1, -1, 1, [](const cv::Mat& a, cv::Mat& b) { cv::min(a, b, b); });
+    peer3("taviMaxEvery_8u_C1R", "max", CV_8UC1, 0, 256, [](const cv::Mat& a, const cv::Mat& b, cv::Mat& d) { cv::max(a, b, d); });
+    peer3("taviMinEvery_32f_C1R", "min", CV_32FC1, -1, 1, [](const cv::Mat& a, const cv::Mat& b, cv::Mat& d) { cv::min(a, b, d); });
     peer2("taviMaxEvery_16u_C1IR", "max", CV_16UC1, 0, 65536, [](const cv::Mat& a, cv::Mat& b) { cv::max(a, b, b); });
 #endif
     return true;

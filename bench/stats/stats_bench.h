@@ -50,6 +50,16 @@ void ours2(const std::string& row, int ch, double lo, double hi, F fn) {
     });
 }
 
+// Two sources and a destination of the same shape.
+template <class T, class F>
+void ours3(const std::string& row, double lo, double hi, F fn) {
+    add(row, "tav", [=](benchmark::State& st, Size2 s) {
+        Img<T> a(s, 1, lo, hi, 1), b(s, 1, lo, hi, 2), d(s, 1, lo, hi, 3);
+        for (auto _ : st) fn(a, b, d, s);
+        set_bytes(st, 3 * a.buf.bytes);
+    });
+}
+
 #ifdef TAV_HAVE_OPENCV
 inline cv::Mat cv_image(Size2 s, int type, double lo, double hi, unsigned seed = 1) {
     cv::Mat m(s.h, s.w, type);
@@ -73,6 +83,15 @@ void peer2(const std::string& row, const std::string& fn, int type, double lo, d
         cv::Mat a = cv_image(s, type, lo, hi, 1), b = cv_image(s, type, lo, hi, 2);
         for (auto _ : st) f(a, b);
         set_bytes(st, 2 * a.total() * a.elemSize());
+    });
+}
+
+template <class F>
+void peer3(const std::string& row, const std::string& fn, int type, double lo, double hi, F f) {
+    add(row, "opencv:" + fn, [=](benchmark::State& st, Size2 s) {
+        cv::Mat a = cv_image(s, type, lo, hi, 1), b = cv_image(s, type, lo, hi, 2), d = cv_image(s, type, lo, hi, 3);
+        for (auto _ : st) f(a, b, d);
+        set_bytes(st, 3 * a.total() * a.elemSize());
     });
 }
 #endif

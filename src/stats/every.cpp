@@ -34,6 +34,30 @@ void every_row(const T* a, const T* b, T* d, int64_t n) {
     }
 }
 
+// The same with stores that go around the caches: the destination's lines
+// are never read. The row first reaches a 64-byte boundary of d.
+template <class T, bool IsMin>
+void every_row_streaming(const T* a, const T* b, T* d, int64_t n) {
+    constexpr int64_t E = 64 / sizeof(T);
+    const auto mis = reinterpret_cast<std::uintptr_t>(d) & 63;
+    if (mis % sizeof(T) != 0) return every_row<T, IsMin, false>(a, b, d, n);
+    int64_t i = std::min<int64_t>(mis ? int64_t(64 - mis) / int64_t(sizeof(T)) : 0, n);
+    every_row<T, IsMin, false>(a, b, d, i);
+    for (; i + 2 * E <= n; i += 2 * E) {
+        unroll<2>([&](auto k) {
+            const auto v = pick<T, IsMin>(simd::load(a + i + k * E), simd::load(b + i + k * E));
+            if constexpr (std::is_same_v<T, Tav32f>) _mm512_stream_ps(d + i + k * E, v);
+            else _mm512_stream_si512(reinterpret_cast<__m512i*>(d + i + k * E), v);
+        });
+    }
+    every_row<T, IsMin, false>(a + i, b + i, d + i, n - i);
+}
+
+// Out of place, an image streams when everything it reads and writes passes
+// a fixed size that no last-level cache we target holds (the core module is
+// not asked), and the destination is not one of the sources.
+inline constexpr int64_t kStreamTraffic = int64_t{32} << 20;
+
 template <class T, Layout L, bool IsMin>
 TavStatus every_ir(const T* src, int srcStep, T* srcDst, int srcDstStep, TaviSize roi) {
     if (any_null(src, srcDst)) return tavErrNullPtr;
@@ -56,6 +80,12 @@ TavStatus every_r(const T* a, int aStep, const T* b, int bStep, T* d, int dStep,
     int64_t n = roi.width;
     int h = roi.height;
     join_rows<T>(n, h, {aStep, bStep, dStep});
+    if (3 * n * h * int64_t(sizeof(T)) >= kStreamTraffic && d != a && d != b) {
+        for (int y = 0; y < h; ++y, a = advance(a, aStep), b = advance(b, bStep), d = advance(d, dStep))
+            every_row_streaming<T, IsMin>(a, b, d, n);
+        _mm_sfence();
+        return tavOk;
+    }
     for (int y = 0; y < h; ++y, a = advance(a, aStep), b = advance(b, bStep), d = advance(d, dStep))
         every_row<T, IsMin, false>(a, b, d, n);
     return tavOk;
