@@ -103,25 +103,28 @@ TavStatus own_taviComputeThreshold_Otsu_8u_C1R(const Tav8u* pSrc, int srcStep, T
         _mm512_store_pd(cp + i, _mm512_mul_pd(_mm512_add_pd(half, _mm512_set1_pd(i)), pv));
     }
     // The running sums are sequential. Bins before the first admitted split
-    // add nothing to m, though mu counts them (adding zero leaves m as it is).
-    std::uint64_t admitted[4] = {};
-    double wi = 0, mi = 0;
+    // add nothing to m, though mu counts them. A split is admitted when the
+    // smaller of w and q is above eps and the larger below the upper bound,
+    // that is when both are.
+    const __m128d one = _mm_set_sd(1.0), lo = _mm_set_sd(eps), hi = _mm_set_sd(0.9999998807907104);
+    __m128d wi = _mm_setzero_pd(), mi = _mm_setzero_pd();
     for (int i = 0; i < 256; ++i) {
-        wi = wi + p[i];
-        const double q = 1.0 - wi;
-        const double lo = wi < q ? wi : q, hi = wi < q ? q : wi;
-        const bool in = lo > eps && hi < 0.9999998807907104;
-        mi = mi + (in ? cp[i] : 0.0);
-        w[i] = wi;
-        m[i] = mi;
-        admitted[i / 64] |= std::uint64_t{in} << (i % 64);
+        wi = _mm_add_sd(wi, _mm_load_sd(p + i));
+        const __m128d q = _mm_sub_sd(one, wi);
+        const __mmask8 in = _mm_cmp_sd_mask(wi, lo, _CMP_GT_OQ) & _mm_cmp_sd_mask(q, lo, _CMP_GT_OQ) &
+                            _mm_cmp_sd_mask(wi, hi, _CMP_LT_OQ) & _mm_cmp_sd_mask(q, hi, _CMP_LT_OQ);
+        mi = _mm_mask_add_sd(mi, in, mi, _mm_load_sd(cp + i));
+        _mm_store_sd(w + i, wi);
+        _mm_store_sd(m + i, mi);
     }
     // The variances of admitted splits; 0 elsewhere, which never wins.
+    const __m512d lo8 = _mm512_set1_pd(eps), hi8 = _mm512_set1_pd(0.9999998807907104);
     __m512d top = _mm512_setzero_pd();
     for (int i = 0; i < 256; i += 8) {
-        const __mmask8 in = static_cast<__mmask8>(admitted[i / 64] >> (i % 64));
         const __m512d wv = _mm512_load_pd(w + i);
         const __m512d q = _mm512_sub_pd(_mm512_set1_pd(1.0), wv);
+        const __mmask8 in = _mm512_cmp_pd_mask(wv, lo8, _CMP_GT_OQ) & _mm512_cmp_pd_mask(q, lo8, _CMP_GT_OQ) &
+                            _mm512_cmp_pd_mask(wv, hi8, _CMP_LT_OQ) & _mm512_cmp_pd_mask(q, hi8, _CMP_LT_OQ);
         const __m512d d = _mm512_sub_pd(_mm512_mul_pd(_mm512_add_pd(wv, q), _mm512_load_pd(m + i)),
                                         _mm512_mul_pd(_mm512_set1_pd(mu), wv));
         const __m512d v = _mm512_maskz_div_pd(in, _mm512_mul_pd(d, d), _mm512_mul_pd(wv, q));
