@@ -54,6 +54,22 @@ struct Rows {
     T* dst;  // the destination's first pixel
     std::ptrdiff_t step;
     const T* value;  // Const only
+    // Source part of at least a vector and sides of at most one: the sides
+    // go out first as whole vectors (or small shuffles), then the plain copy
+    // of the source part overwrites what they spilled into it.
+    bool overlap = false;
+    bool smallMirror = false;
+    SmallMirror mirrorSides{};
+
+    void plan_overlap() {
+        constexpr int64_t B = kLanes<T>;
+        const int64_t w = f.srcW * Ch, L = f.left * Ch, R = f.right() * Ch;
+        overlap = !Ac4 && w >= B && L <= B && R <= B;
+        if constexpr (K == Kind::Mirror) {
+            smallMirror = overlap && SmallMirror::fits(f.left, f.right(), Ch * sizeof(T));
+            if (smallMirror) mirrorSides = SmallMirror(f.left, f.right(), Ch * sizeof(T));
+        }
+    }
 
     T* row(int64_t y) const { return advance(dst, y * step); }
 
@@ -92,13 +108,25 @@ struct Rows {
             const Pattern<T, Ch>& lp = K == Kind::Const ? constant : edges[0];
             const Pattern<T, Ch>& rp = K == Kind::Const ? constant : edges[1];
             if constexpr (Copy) {
-                if (!NT && plan.fits) compose_planned<T, Ch, Ac4>(s, d, L, plan, lp, rp);
+                if (!NT && overlap) {
+                    _mm512_storeu_si512(d, lp.at(0));
+                    _mm512_storeu_si512(d + N - kLanes<T>, rp.at(N - kLanes<T>));
+                    copy_overlapping(s, w, d + L);
+                } else if (!NT && plan.fits) compose_planned<T, Ch, Ac4>(s, d, L, plan, lp, rp);
                 else compose_row<T, Ch, Ac4, NT>(s, w, d, L, N, lp, rp);
             } else {
                 compose_row<T, Ch, Ac4, false>(nullptr, 0, d, L, L, lp, lp);
                 compose_row<T, Ch, Ac4, false>(nullptr, 0, d + L + w, N - L - w, N - L - w, rp, rp);
             }
         } else {
+            if constexpr (Copy && !NT) {
+                if (overlap) {
+                    if (smallMirror) mirrorSides.sides(s, w * sizeof(T), d, d + N);
+                    else mirror_or_wrap_sides(s, d);
+                    copy_overlapping(s, w, d + L);
+                    return;
+                }
+            }
             mirror_or_wrap_sides(s, d);
             if constexpr (Copy) {
                 if (!NT && plan.fits) compose_planned<T, Ch, false>(s, d + L, 0, plan, constant, constant);
@@ -150,7 +178,8 @@ TavStatus copy_with_border(const T* pSrc, int64_t srcStep, T* pDst, int64_t dstS
     if (any_null(pSrc, pDst) || (K == Kind::Const && !value)) return tavErrNullPtr;
     if (srcStep < 1 || dstStep < 1) return tavErrStep;
     if (bad_frame(f)) return tavErrSize;
-    const Rows<K, T, Ch, Ac4> rows{f, pDst, dstStep, value};
+    Rows<K, T, Ch, Ac4> rows{f, pDst, dstStep, value};
+    rows.plan_overlap();
     const Pattern<T, Ch> constant = constant_of<K, T, Ch, Ac4>(value);
     const bool nt = !Ac4 && stream_borders(f, Ch * sizeof(T));
     // Mirrored and wrapped sides are written apart: the plan covers the

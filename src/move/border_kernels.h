@@ -221,6 +221,57 @@ void compose_planned(const T* src, T* dst, int64_t L, const RowPlan& p, const Pa
     for (int i = 0; i < p.tails; ++i) piece(p.tail[i]);
 }
 
+// M >= B elements by whole vectors, the last one overlapping the one
+// before: plain loads and stores only.
+template <class T>
+inline void copy_overlapping(const T* src, int64_t M, T* dst) {
+    constexpr int B = kLanes<T>;
+    int64_t i = 0;
+    for (; i + 4 * B <= M; i += 4 * B) {
+        const __m512i a = _mm512_loadu_si512(src + i), b = _mm512_loadu_si512(src + i + B);
+        const __m512i c = _mm512_loadu_si512(src + i + 2 * B), e = _mm512_loadu_si512(src + i + 3 * B);
+        _mm512_storeu_si512(dst + i, a);
+        _mm512_storeu_si512(dst + i + B, b);
+        _mm512_storeu_si512(dst + i + 2 * B, c);
+        _mm512_storeu_si512(dst + i + 3 * B, e);
+    }
+    for (; i + B <= M; i += B) _mm512_storeu_si512(dst + i, _mm512_loadu_si512(src + i));
+    if (i < M) _mm512_storeu_si512(dst + M - B, _mm512_loadu_si512(src + M - B));
+}
+
+// Mirrored sides whose pixels and the edge pixel fit in 16 bytes: one byte
+// shuffle each of the 16 bytes at either end of the source row. Lanes past
+// the side are left for the source part to overwrite.
+struct SmallMirror {
+    __m128i left, right;
+
+    static bool fits(int64_t L, int64_t R, int P) { return (L + 1) * P <= 16 && (R + 1) * P <= 16; }
+
+    SmallMirror() : left(_mm_setzero_si128()), right(_mm_setzero_si128()) {}
+    SmallMirror(int64_t L, int64_t R, int P) {
+        alignas(16) uint8_t l[16], r[16];
+        const int64_t rightFrom = 16 - R * P;
+        for (int j = 0; j < 16; ++j) {
+            // Left pixel p is source pixel L - p; right pixel q is w - 2 - q,
+            // counted from the 16 bytes that end the source row.
+            l[j] = j < L * P ? static_cast<uint8_t>((L - j / P) * P + j % P) : 0x80;
+            const int64_t k = j - rightFrom;
+            r[j] = k >= 0 ? static_cast<uint8_t>(16 - (k / P + 2) * P + k % P) : 0x80;
+        }
+        left = _mm_load_si128(reinterpret_cast<const __m128i*>(l));
+        right = _mm_load_si128(reinterpret_cast<const __m128i*>(r));
+    }
+    // Row of `bytes` source bytes at s (at least 16); the destination row
+    // starts at d and ends at dEnd.
+    void sides(const void* s, int64_t bytes, void* d, void* dEnd) const {
+        const auto* sb = static_cast<const uint8_t*>(s);
+        _mm_storeu_si128(static_cast<__m128i*>(d),
+                         _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(sb)), left));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(static_cast<uint8_t*>(dEnd) - 16),
+                         _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(sb + bytes - 16)), right));
+    }
+};
+
 // Reverses units of U bytes (1, 2, 4, 8 or 16) within a vector.
 template <int U>
 inline __m512i reverse_units(__m512i v) {
