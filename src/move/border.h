@@ -59,15 +59,15 @@ struct Rows {
     // of the source part overwrites what they spilled into it.
     bool overlap = false;
     bool smallMirror = false;
-    SmallMirror mirrorSides{};
+    SmallMirror<T> mirrorSides{};
 
     void plan_overlap() {
         constexpr int64_t B = kLanes<T>;
         const int64_t w = f.srcW * Ch, L = f.left * Ch, R = f.right() * Ch;
         overlap = !Ac4 && w >= B && L <= B && R <= B;
         if constexpr (K == Kind::Mirror) {
-            smallMirror = overlap && SmallMirror::fits(f.left, f.right(), Ch * sizeof(T));
-            if (smallMirror) mirrorSides = SmallMirror(f.left, f.right(), Ch * sizeof(T));
+            smallMirror = overlap && SmallMirror<T>::fits(f.left, f.right(), Ch * sizeof(T));
+            if (smallMirror) mirrorSides = SmallMirror<T>(f.left, f.right(), Ch * sizeof(T));
         }
     }
 
@@ -108,30 +108,50 @@ struct Rows {
             const Pattern<T, Ch>& lp = K == Kind::Const ? constant : edges[0];
             const Pattern<T, Ch>& rp = K == Kind::Const ? constant : edges[1];
             if constexpr (Copy) {
-                if (!NT && overlap) {
-                    _mm512_storeu_si512(d, lp.at(0));
-                    _mm512_storeu_si512(d + N - kLanes<T>, rp.at(N - kLanes<T>));
-                    copy_overlapping(s, w, d + L);
-                } else if (!NT && plan.fits) compose_planned<T, Ch, Ac4>(s, d, L, plan, lp, rp);
+                if (!NT && plan.fits) compose_planned<T, Ch, Ac4>(s, d, L, plan, lp, rp);
                 else compose_row<T, Ch, Ac4, NT>(s, w, d, L, N, lp, rp);
             } else {
                 compose_row<T, Ch, Ac4, false>(nullptr, 0, d, L, L, lp, lp);
                 compose_row<T, Ch, Ac4, false>(nullptr, 0, d + L + w, N - L - w, N - L - w, rp, rp);
             }
         } else {
-            if constexpr (Copy && !NT) {
-                if (overlap) {
-                    if (smallMirror) mirrorSides.sides(s, w * sizeof(T), d, d + N);
-                    else mirror_or_wrap_sides(s, d);
-                    copy_overlapping(s, w, d + L);
-                    return;
-                }
-            }
             mirror_or_wrap_sides(s, d);
             if constexpr (Copy) {
                 if (!NT && plan.fits) compose_planned<T, Ch, false>(s, d + L, 0, plan, constant, constant);
                 else compose_row<T, Ch, false, NT>(s, w, d + L, 0, w, constant, constant);
             }
+        }
+    }
+
+    // All rows of the source part when `overlap` holds, plain stores. What
+    // every row shares is made before the loop, so it stays in registers.
+    void overlap_rows(const T* s, int64_t srcStep, const Pattern<T, Ch>& constant) const {
+        constexpr int64_t B = kLanes<T>;
+        const int64_t w = f.srcW * Ch, L = f.left * Ch, N = f.dstW * Ch;
+        T* d = row(f.top);
+        const auto each = [&](auto&& sides) {
+            for (int64_t y = 0; y < f.srcH; ++y, s = advance(s, srcStep), d = advance(d, step)) {
+                sides(s, d);
+                copy_overlapping(s, w, d + L);
+            }
+        };
+        if constexpr (K == Kind::Const) {
+            const __m512i lp = constant.at(0), rp = constant.at(N - B);
+            each([&](const T*, T* dr) {
+                _mm512_storeu_si512(dr, lp);
+                _mm512_storeu_si512(dr + N - B, rp);
+            });
+        } else if constexpr (K == Kind::Replicate) {
+            const int phase = Ch == 3 ? static_cast<int>((N - B) % 3) : 0;
+            each([&](const T* sr, T* dr) {
+                _mm512_storeu_si512(dr, Pattern<T, Ch>::one(sr, 0));
+                _mm512_storeu_si512(dr + N - B, Pattern<T, Ch>::one(sr + w - Ch, phase));
+            });
+        } else if (smallMirror) {
+            const SmallMirror<T> sides = mirrorSides;
+            each([&](const T* sr, T* dr) { sides.sides(sr, w * sizeof(T), dr, dr + N); });
+        } else {
+            each([&](const T* sr, T* dr) { mirror_or_wrap_sides(sr, dr); });
         }
     }
 
@@ -192,7 +212,9 @@ TavStatus copy_with_border(const T* pSrc, int64_t srcStep, T* pDst, int64_t dstS
         for (int64_t y = 0; y < f.srcH; ++y, s = advance(s, srcStep))
             rows.template source_part<NT, true>(s, rows.row(f.top + y), constant, plan);
     };
-    if (nt) {
+    if (!nt && rows.overlap) {
+        rows.overlap_rows(pSrc, srcStep, constant);
+    } else if (nt) {
         sourceRows.template operator()<true>();
         _mm_sfence();
     } else {

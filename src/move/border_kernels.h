@@ -109,6 +109,17 @@ struct Pattern {
             v[k] = _mm512_shuffle_epi8(b, _mm512_load_si512(kPatternIdx<T, Ch>[k].data()));
     }
     __m512i at(int64_t element) const { return Ch == 3 ? v[element % 3] : v[0]; }
+
+    // The pixel of Ch elements at px over a vector starting at an element
+    // of the given phase, made alone.
+    static __m512i one(const T* px, int phase) {
+        if constexpr (Ch * sizeof(T) <= 8 && Ch != 3) {
+            return Pattern(px, Ch).v[0];
+        } else {
+            const __m128i p = _mm_maskz_loadu_epi8(static_cast<__mmask16>(_bzhi_u32(0xffffu, Ch * sizeof(T))), px);
+            return _mm512_shuffle_epi8(_mm512_broadcast_i32x4(p), _mm512_load_si512(kPatternIdx<T, Ch>[phase].data()));
+        }
+    }
 };
 
 // One destination row: [0, L) left pattern, [L, L + M) source, [L + M, N)
@@ -224,7 +235,7 @@ void compose_planned(const T* src, T* dst, int64_t L, const RowPlan& p, const Pa
 // M >= B elements by whole vectors, the last one overlapping the one
 // before: plain loads and stores only.
 template <class T>
-inline void copy_overlapping(const T* src, int64_t M, T* dst) {
+__attribute__((always_inline)) inline void copy_overlapping(const T* src, int64_t M, T* dst) {
     constexpr int B = kLanes<T>;
     int64_t i = 0;
     for (; i + 4 * B <= M; i += 4 * B) {
@@ -239,36 +250,65 @@ inline void copy_overlapping(const T* src, int64_t M, T* dst) {
     if (i < M) _mm512_storeu_si512(dst + M - B, _mm512_loadu_si512(src + M - B));
 }
 
-// Mirrored sides whose pixels and the edge pixel fit in 16 bytes: one byte
-// shuffle each of the 16 bytes at either end of the source row. Lanes past
-// the side are left for the source part to overwrite.
+// Mirrored sides that fit, with the edge pixel, in K bytes at either end of
+// the source row: one permutation each of the K bytes there (32 bytes by
+// two in-lane byte shuffles for one- and two-byte elements, 64 by a dword
+// permutation for wider ones; the word permutation is slow here). Lanes
+// past a side are left for the source part to overwrite.
+template <class T>
 struct SmallMirror {
-    __m128i left, right;
+    static constexpr int K = sizeof(T) <= 2 ? 32 : 64;
+    __m512i left[2], right[2];
 
-    static bool fits(int64_t L, int64_t R, int P) { return (L + 1) * P <= 16 && (R + 1) * P <= 16; }
+    static bool fits(int64_t L, int64_t R, int P) { return (L + 1) * P <= K && (R + 1) * P <= K; }
 
-    SmallMirror() : left(_mm_setzero_si128()), right(_mm_setzero_si128()) {}
+    SmallMirror() : left{}, right{} {}
     SmallMirror(int64_t L, int64_t R, int P) {
-        alignas(16) uint8_t l[16], r[16];
-        const int64_t rightFrom = 16 - R * P;
-        for (int j = 0; j < 16; ++j) {
-            // Left pixel p is source pixel L - p; right pixel q is w - 2 - q,
-            // counted from the 16 bytes that end the source row.
-            l[j] = j < L * P ? static_cast<uint8_t>((L - j / P) * P + j % P) : 0x80;
+        // Source byte of destination byte j: left pixel p is source pixel
+        // L - p; right pixel q is w - 2 - q, counted from the K bytes that end
+        // the source row. -1: a lane past the side.
+        int from[2][K];
+        const int64_t rightFrom = K - R * P;
+        for (int j = 0; j < K; ++j) {
+            from[0][j] = j < L * P ? static_cast<int>((L - j / P) * P + j % P) : -1;
             const int64_t k = j - rightFrom;
-            r[j] = k >= 0 ? static_cast<uint8_t>(16 - (k / P + 2) * P + k % P) : 0x80;
+            from[1][j] = k >= 0 ? static_cast<int>(K - (k / P + 2) * P + k % P) : -1;
         }
-        left = _mm_load_si128(reinterpret_cast<const __m128i*>(l));
-        right = _mm_load_si128(reinterpret_cast<const __m128i*>(r));
+        for (int side = 0; side < 2; ++side) {
+            alignas(64) uint8_t idx[2][64] = {};
+            if constexpr (K == 32) {
+                // Same 16-byte lane from the row as loaded, the other from
+                // its lanes swapped; 0x80 zeroes a lane.
+                for (int j = 0; j < 32; ++j) {
+                    const int f = from[side][j] < 0 ? j : from[side][j];
+                    const bool same = f / 16 == j / 16;
+                    idx[0][j] = same ? static_cast<uint8_t>(f % 16) : 0x80;
+                    idx[1][j] = same ? 0x80 : static_cast<uint8_t>(f % 16);
+                }
+            } else {
+                for (int j = 0; j < 16; ++j) idx[0][4 * j] = static_cast<uint8_t>(from[side][4 * j] < 0 ? j : from[side][4 * j] / 4);
+            }
+            (side ? right : left)[0] = _mm512_load_si512(idx[0]);
+            (side ? right : left)[1] = _mm512_load_si512(idx[1]);
+        }
     }
-    // Row of `bytes` source bytes at s (at least 16); the destination row
+    static void put(const uint8_t* s, uint8_t* d, const __m512i (&idx)[2]) {
+        if constexpr (K == 32) {
+            const __m256i a = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(s));
+            const __m256i b = _mm256_permute4x64_epi64(a, 0x4e);
+            const __m256i r = _mm256_or_si256(_mm256_shuffle_epi8(a, _mm512_castsi512_si256(idx[0])),
+                                              _mm256_shuffle_epi8(b, _mm512_castsi512_si256(idx[1])));
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(d), r);
+        } else {
+            _mm512_storeu_si512(d, _mm512_permutexvar_epi32(idx[0], _mm512_loadu_si512(s)));
+        }
+    }
+    // Row of `bytes` source bytes at s (at least K); the destination row
     // starts at d and ends at dEnd.
     void sides(const void* s, int64_t bytes, void* d, void* dEnd) const {
         const auto* sb = static_cast<const uint8_t*>(s);
-        _mm_storeu_si128(static_cast<__m128i*>(d),
-                         _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(sb)), left));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(static_cast<uint8_t*>(dEnd) - 16),
-                         _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(sb + bytes - 16)), right));
+        put(sb, static_cast<uint8_t*>(d), left);
+        put(sb + bytes - K, static_cast<uint8_t*>(dEnd) - K, right);
     }
 };
 
