@@ -171,6 +171,8 @@ struct Bank {
         if constexpr (Lanes::kCap != kNoLimit) used += b;
     }
     void flush() {
+        if constexpr (requires { Lanes::settle(acc[0]); })
+            for (auto& step : acc) Lanes::settle(step);
         for (int k = 0; k < V; ++k)
             for (int i = 0; i < Lanes::kAcc; ++i)
                 spill<typename Lanes::Lane>(tot, acc[k][i], k * Lanes::kElems + Lanes::base[i], Lanes::stride,
@@ -335,8 +337,10 @@ struct ProdS16C1Lanes {
 };
 
 // Products of 32-bit values, exact: the 64-bit products of the even and the
-// odd dwords, each split into a low unsigned and a high part summed in 64-bit
-// lanes and weighted by 2^32 into 128-bit totals.
+// odd dwords are added whole (wrapping) and their high halves apart; at a
+// flush the wrapped sums less the high sums times 2^32 are the exact sums of
+// the low unsigned halves, which the capacity keeps below 2^63. The high
+// sums are weighted by 2^32 into 128-bit totals.
 template <bool Signed>
 struct ProdI32Lanes {
     using Lane = int64_t;
@@ -344,16 +348,19 @@ struct ProdI32Lanes {
     static constexpr int kElems = 16, kAcc = 4, stride = 2;
     static constexpr int base[kAcc] = {0, 0, 1, 1};
     static constexpr Total weight[kAcc] = {1, Total{1} << 32, 1, Total{1} << 32};
-    static constexpr int64_t kCap = kNoLimit;
+    static constexpr int64_t kCap = int64_t{1} << 30;
     static __m512i mul(__m512i x, __m512i y) { return Signed ? _mm512_mul_epi32(x, y) : _mm512_mul_epu32(x, y); }
     static __m512i high(__m512i p) { return Signed ? _mm512_srai_epi64(p, 32) : _mm512_srli_epi64(p, 32); }
     static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
-        const __m512i lo = _mm512_set1_epi64(0xffffffff);
         const __m512i pe = mul(x, y), po = mul(_mm512_srli_epi64(x, 32), _mm512_srli_epi64(y, 32));
-        a[0] = _mm512_add_epi64(a[0], _mm512_and_si512(pe, lo));
+        a[0] = _mm512_add_epi64(a[0], pe);
         a[1] = _mm512_add_epi64(a[1], high(pe));
-        a[2] = _mm512_add_epi64(a[2], _mm512_and_si512(po, lo));
+        a[2] = _mm512_add_epi64(a[2], po);
         a[3] = _mm512_add_epi64(a[3], high(po));
+    }
+    static void settle(__m512i (&a)[kAcc]) {
+        a[0] = _mm512_sub_epi64(a[0], _mm512_slli_epi64(a[1], 32));
+        a[2] = _mm512_sub_epi64(a[2], _mm512_slli_epi64(a[3], 32));
     }
 };
 

@@ -99,6 +99,15 @@ TEST(DotProd, ExactAtTheLimits) {
     EXPECT_EQ(v4[1], 1073676289.0 * 60000);
     ASSERT_EQ(taviDotProd_16s64f_C1R(s.ptr(), s.step(), s.ptr(), s.step(), {1200, 200}, v4), tavOk);
     EXPECT_EQ(v4[0], (3 * 1073741824.0 + 1073676289.0) * 60000);
+    // 32-bit extremes: each product's low and high halves at their limits.
+    Image<Tav32s> i32(1000, 3);
+    i32.fill_with([](int, int) { return std::numeric_limits<Tav32s>::min(); });
+    ASSERT_EQ(taviDotProd_32s64f_C1R(i32.ptr(), i32.step(), i32.ptr(), i32.step(), {1000, 3}, v4), tavOk);
+    EXPECT_EQ(v4[0], 0x1p62 * 3000);
+    Image<Tav32u> u32(1000, 3);
+    u32.fill_with([](int, int) { return std::numeric_limits<Tav32u>::max(); });
+    ASSERT_EQ(taviDotProd_32u64f_C1R(u32.ptr(), u32.step(), u32.ptr(), u32.step(), {1000, 3}, v4), tavOk);
+    EXPECT_EQ(v4[0], double(static_cast<unsigned __int128>(0xffffffffu) * 0xffffffffu * 3000));
 }
 
 TEST(DotProd, StepsAndStatuses) {
