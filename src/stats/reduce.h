@@ -255,13 +255,22 @@ struct ProdBytesLanes {
     static constexpr int base[kAcc] = {0, 2, 1, 3};
     static constexpr int64_t kCap = 66051;
     static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
-        const __m512i m8 = _mm512_set1_epi16(0xff), m16 = _mm512_set1_epi32(0xffff);
+        const __m512i m8 = _mm512_set1_epi16(0xff);
         const __m512i pe = _mm512_mullo_epi16(_mm512_and_si512(x, m8), _mm512_and_si512(y, m8));
         const __m512i po = _mm512_mullo_epi16(_mm512_srli_epi16(x, 8), _mm512_srli_epi16(y, 8));
-        a[0] = _mm512_add_epi32(a[0], _mm512_and_si512(pe, m16));
-        a[1] = _mm512_add_epi32(a[1], _mm512_srli_epi32(pe, 16));
-        a[2] = _mm512_add_epi32(a[2], _mm512_and_si512(po, m16));
-        a[3] = _mm512_add_epi32(a[3], _mm512_srli_epi32(po, 16));
+        add_halves(a, pe, po);
+    }
+    // Whole dwords (wrapping) beside their high words; settle() leaves the
+    // sums of the low words, exact below 2^32.
+    static void add_halves(__m512i (&a)[kAcc], __m512i p, __m512i q) {
+        a[0] = _mm512_add_epi32(a[0], p);
+        a[1] = _mm512_add_epi32(a[1], _mm512_srli_epi32(p, 16));
+        a[2] = _mm512_add_epi32(a[2], q);
+        a[3] = _mm512_add_epi32(a[3], _mm512_srli_epi32(q, 16));
+    }
+    static void settle(__m512i (&a)[kAcc]) {
+        a[0] = _mm512_sub_epi32(a[0], _mm512_slli_epi32(a[1], 16));
+        a[2] = _mm512_sub_epi32(a[2], _mm512_slli_epi32(a[3], 16));
     }
 };
 
@@ -282,7 +291,8 @@ struct ProdBytesC1Lanes {
 };
 
 // Products of unsigned 16-bit values as their low and high 16-bit halves,
-// each half summed like U16Lanes, the high sums weighted by 2^16 when spilled.
+// each half summed as the byte products are, the high sums weighted by 2^16
+// when spilled.
 struct ProdU16Lanes {
     using Lane = uint32_t;
     using Total = uint64_t;
@@ -291,13 +301,9 @@ struct ProdU16Lanes {
     static constexpr Total weight[kAcc] = {1, 1, 65536, 65536};
     static constexpr int64_t kCap = 65537;
     static void add(__m512i (&a)[kAcc], __m512i x, __m512i y) {
-        const __m512i m16 = _mm512_set1_epi32(0xffff);
-        const __m512i lo = _mm512_mullo_epi16(x, y), hi = _mm512_mulhi_epu16(x, y);
-        a[0] = _mm512_add_epi32(a[0], _mm512_and_si512(lo, m16));
-        a[1] = _mm512_add_epi32(a[1], _mm512_srli_epi32(lo, 16));
-        a[2] = _mm512_add_epi32(a[2], _mm512_and_si512(hi, m16));
-        a[3] = _mm512_add_epi32(a[3], _mm512_srli_epi32(hi, 16));
+        ProdBytesLanes::add_halves(a, _mm512_mullo_epi16(x, y), _mm512_mulhi_epu16(x, y));
     }
+    static void settle(__m512i (&a)[kAcc]) { ProdBytesLanes::settle(a); }
 };
 
 // Products of signed 16-bit values, exact in 64-bit lanes: each dword holds a
