@@ -169,7 +169,7 @@ inline bool stream_row(int64_t rowBytes) {
 // never ask the core module: an image streams when everything the call reads
 // and writes passes a fixed size that no last-level cache we target holds.
 // Below it, a destination kept in the cache is cheaper than one written around it.
-inline constexpr int64_t kStreamImageBytes = int64_t{32} << 20;
+inline constexpr int64_t kStreamImageBytes = int64_t{20} << 20;
 inline bool stream_image(int64_t trafficBytes) { return trafficBytes >= kStreamImageBytes; }
 
 }  // namespace tav::arith
