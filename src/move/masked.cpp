@@ -23,14 +23,20 @@ struct MaskedBlock {
     }();
     static constexpr std::uint64_t kPixel = kPixelBytes == 64 ? ~0ull : (1ull << kPixelBytes) - 1;
 
-    // The bytes of the pixels whose mask byte is set, of the first n pixels.
+    // The bytes of the pixels whose mask byte is set, of the first n pixels
+    // (a whole block when Whole).
+    template <bool Whole = false>
     static std::uint64_t bytes(const byte* mask, std::size_t n) {
-        const __m512i m = _mm512_maskz_loadu_epi8(_bzhi_u64(~0ull, static_cast<unsigned>(n)), mask);
+        const __m512i m = Whole && kPixels == 64 ? _mm512_loadu_si512(mask)
+                                                 : _mm512_maskz_loadu_epi8(_bzhi_u64(~0ull, static_cast<unsigned>(n)), mask);
         const std::uint64_t set = _mm512_test_epi8_mask(m, m);
-        return _pdep_u64(set, kFirst) * kPixel;
+        if constexpr (kPixelBytes == 1) return set;
+        else return _pdep_u64(set, kFirst) * kPixel;
     }
 };
 
+// op(y, offset, row, bytes, whole): whole blocks of one-byte pixels may be
+// written in full, the unselected bytes with what they hold.
 template <int Es, int Channels, bool Alpha, class Op>
 void masked_rows(byte* d, int dstStep, const byte* mask, int maskStep, TaviSize roi, Op op) {
     using B = MaskedBlock<Es, Channels>;
@@ -40,9 +46,10 @@ void masked_rows(byte* d, int dstStep, const byte* mask, int maskStep, TaviSize 
     for (int y = 0; y < roi.height; ++y, d += dstStep, mask += maskStep) {
         std::size_t x = 0;
         for (; x + B::kPixels <= w; x += B::kPixels)
-            if (const std::uint64_t m = B::bytes(mask + x, B::kPixels) & keep) op(y, x * B::kPixelBytes, d, m);
+            if (const std::uint64_t m = B::template bytes<true>(mask + x, B::kPixels) & keep)
+                op(y, x * B::kPixelBytes, d, m, B::kPixelBytes == 1);
         if (x < w)
-            if (const std::uint64_t m = B::bytes(mask + x, w - x) & keep) op(y, x * B::kPixelBytes, d, m);
+            if (const std::uint64_t m = B::bytes(mask + x, w - x) & keep) op(y, x * B::kPixelBytes, d, m, false);
     }
 }
 
@@ -52,9 +59,14 @@ TavStatus masked_copy(const T* src, int srcStep, T* dst, int dstStep, TaviSize r
     if (bad_size(roi)) return tavErrSize;
     const auto* s = reinterpret_cast<const byte*>(src);
     masked_rows<sizeof(T), Channels, Alpha>(reinterpret_cast<byte*>(dst), dstStep, mask, maskStep, roi,
-                                            [&](int y, std::size_t off, byte* row, std::uint64_t m) {
+                                            [&](int y, std::size_t off, byte* row, std::uint64_t m, bool whole) {
                                                 const byte* sr = s + std::ptrdiff_t{y} * srcStep + off;
-                                                _mm512_mask_storeu_epi8(row + off, m, _mm512_maskz_loadu_epi8(m, sr));
+                                                // A masked store costs more here than a blend and a whole store.
+                                                if (whole)
+                                                    _mm512_storeu_si512(row + off, _mm512_mask_blend_epi8(m, _mm512_loadu_si512(row + off),
+                                                                                                          _mm512_loadu_si512(sr)));
+                                                else
+                                                    _mm512_mask_storeu_epi8(row + off, m, _mm512_maskz_loadu_epi8(m, sr));
                                             });
     return tavOk;
 }
@@ -71,7 +83,7 @@ TavStatus masked_set(const T* value, T* dst, int dstStep, TaviSize roi, const Ta
     const __m512i v = _mm512_load_si512(pattern.bytes);
     masked_rows<sizeof(T), Alpha ? 4 : Channels, Alpha>(
         reinterpret_cast<byte*>(dst), dstStep, mask, maskStep, roi,
-        [&](int, std::size_t off, byte* row, std::uint64_t m) { _mm512_mask_storeu_epi8(row + off, m, v); });
+        [&](int, std::size_t off, byte* row, std::uint64_t m, bool) { _mm512_mask_storeu_epi8(row + off, m, v); });
     return tavOk;
 }
 
