@@ -167,8 +167,10 @@ inline bool stream_row(int64_t rowBytes) {
 
 // The other point families are not among the cache-steered ones, so they
 // never ask the core module: an image streams when everything the call reads
-// and writes passes a fixed size that no last-level cache we target holds.
-// Below it, a destination kept in the cache is cheaper than one written around it.
+// and writes passes a fixed size. The last-level cache is shared, so a working
+// set of two thirds of its nominal size already misses often enough that
+// skipping the destination's read for ownership wins; well below that, a
+// destination kept in the cache is cheaper than one written around it.
 inline constexpr int64_t kStreamImageBytes = int64_t{20} << 20;
 inline bool stream_image(int64_t trafficBytes) { return trafficBytes >= kStreamImageBytes; }
 
