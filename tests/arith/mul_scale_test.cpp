@@ -78,23 +78,16 @@ void check_c64f(Lay L, TavStatus (*r)(const T*, int, const double*, T*, int, Tav
 }
 
 #define C64F(t, L, v) check_c64f<Tav##t>(Lay::L, taviMulC64f_##t##_##L##R, taviMulC64f_##t##_##L##IR, v)
+#define C64F_TYPE(t, v) C64F(t, C1, v), C64F(t, C3, v), C64F(t, C4, v)
 
 TEST(MulC64f, RoundingCodes) {
     const double halves[4] = {0.5, 2.5, -1.5, 1.0 / 3};  // ties in every element
     const double wide[4] = {1e6, -7.25, 3.0e-3, 1e40};
     for (const double* v : {halves, wide}) {
-        C64F(8u, C1, v);
-        C64F(8u, C3, v);
-        C64F(8u, C4, v);
-        C64F(16u, C1, v);
-        C64F(16u, C3, v);
-        C64F(16u, C4, v);
-        C64F(16s, C1, v);
-        C64F(16s, C3, v);
-        C64F(16s, C4, v);
-        C64F(32f, C1, v);
-        C64F(32f, C3, v);
-        C64F(32f, C4, v);
+        C64F_TYPE(8u, v);
+        C64F_TYPE(16u, v);
+        C64F_TYPE(16s, v);
+        C64F_TYPE(32f, v);
     }
     Tav8u a = 5, d = 0;
     const double half = 0.5;  // 2.5 by each code

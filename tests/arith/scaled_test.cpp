@@ -88,30 +88,29 @@ TEST(Scaled, WithConstantEveryPath) {
     sweep_const<Tav16s>(Op::Mul, ARITH_C1_SFS(MulC, 16s), mul16s, "MulC_16s");
 }
 
-TEST(Scaled, SinglePrecision) {
-    const BinFns<Tav32f> add[4] = {ARITH_F(Add, C1), ARITH_F(Add, C3), ARITH_F(Add, C4), ARITH_F(Add, AC4)};
-    const BinFns<Tav32f> sub[4] = {ARITH_F(Sub, C1), ARITH_F(Sub, C3), ARITH_F(Sub, C4), ARITH_F(Sub, AC4)};
-    const BinFns<Tav32f> mul[4] = {ARITH_F(Mul, C1), ARITH_F(Mul, C3), ARITH_F(Mul, C4), ARITH_F(Mul, AC4)};
-    for (int i = 0; i < 4; ++i)
-        for (const Shape& s : shapes()) {
-            check_binary<float>(add[i].L, s.w, s.h, s.pad, add[i].forms(), [](float x, float y, int) { return x + y; });
-            check_binary<float>(sub[i].L, s.w, s.h, s.pad, sub[i].forms(), [](float x, float y, int) { return x - y; });
-            check_binary<float>(mul[i].L, s.w, s.h, s.pad, mul[i].forms(), [](float x, float y, int) { return x * y; });
-        }
-    const float v[4] = {1.5f, -3.25f, 1e-3f, 7.0f};
-    const ConstFns<Tav32f, const Tav32f*> addc[3] = {ARITH_CN_F(AddC, C3), ARITH_CN_F(AddC, C4), ARITH_CN_F(AddC, AC4)};
-    const ConstFns<Tav32f, const Tav32f*> subc[3] = {ARITH_CN_F(SubC, C3), ARITH_CN_F(SubC, C4), ARITH_CN_F(SubC, AC4)};
-    const ConstFns<Tav32f, const Tav32f*> mulc[3] = {ARITH_CN_F(MulC, C3), ARITH_CN_F(MulC, C4), ARITH_CN_F(MulC, AC4)};
-    for (const Shape& s : shapes()) {
-        check_const<float>(Lay::C1, s.w, s.h, s.pad, v, ARITH_C1_F(AddC).forms(), [](float x, float c, int) { return x + c; });
-        check_const<float>(Lay::C1, s.w, s.h, s.pad, v, ARITH_C1_F(SubC).forms(), [](float x, float c, int) { return x - c; });
-        check_const<float>(Lay::C1, s.w, s.h, s.pad, v, ARITH_C1_F(MulC).forms(), [](float x, float c, int) { return x * c; });
-        for (int i = 0; i < 3; ++i) {
-            check_const<float>(addc[i].L, s.w, s.h, s.pad, v, addc[i].forms(), [](float x, float c, int) { return x + c; });
-            check_const<float>(subc[i].L, s.w, s.h, s.pad, v, subc[i].forms(), [](float x, float c, int) { return x - c; });
-            check_const<float>(mulc[i].L, s.w, s.h, s.pad, v, mulc[i].forms(), [](float x, float c, int) { return x * c; });
-        }
+#define F_OP(fam, expr)                                                                                     \
+    FloatOp {                                                                                                \
+        {ARITH_F(fam, C1), ARITH_F(fam, C3), ARITH_F(fam, C4), ARITH_F(fam, AC4)}, ARITH_C1_F(fam##C),       \
+            {ARITH_CN_F(fam##C, C3), ARITH_CN_F(fam##C, C4), ARITH_CN_F(fam##C, AC4)},                       \
+            [](float x, float y, int) { return expr; }                                                       \
     }
+
+struct FloatOp {
+    BinFns<Tav32f> two[4];
+    ConstFns<Tav32f, Tav32f> c1;
+    ConstFns<Tav32f, const Tav32f*> cn[3];
+    float (*model)(float, float, int);
+};
+
+TEST(Scaled, SinglePrecision) {
+    const FloatOp ops[] = {F_OP(Add, x + y), F_OP(Sub, x - y), F_OP(Mul, x * y)};
+    const float v[4] = {1.5f, -3.25f, 1e-3f, 7.0f};
+    for (const FloatOp& op : ops)
+        for (const Shape& s : shapes()) {
+            for (const auto& fns : op.two) check_binary<float>(fns.L, s.w, s.h, s.pad, fns.forms(), op.model);
+            check_const<float>(Lay::C1, s.w, s.h, s.pad, v, op.c1.forms(), op.model);
+            for (const auto& fns : op.cn) check_const<float>(fns.L, s.w, s.h, s.pad, v, fns.forms(), op.model);
+        }
 }
 
 // Widths through every peel and tail, with destination offsets that move the

@@ -1,6 +1,6 @@
 // Unary math on integers: every input value of the type for many scale
-// factors against the references; the compile-time 8u tables against double
-// precision; the special cases the families name.
+// factors against the references (which reaches every entry of the 8u
+// tables), and the special cases the families name.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -8,7 +8,6 @@
 #include <limits>
 
 #include "arith/unary_members.h"
-#include "arith/unary_tables.h"
 
 namespace tavtest::unary {
 namespace {
@@ -87,43 +86,6 @@ TEST(UnaryRange, Exp) {
                                   1,       2,      5,      9,      16,    17,   30,  100, 1000, 23000, 47270, INT_MAX};
     whole_range<Tav16u>(Fam::Exp, "Exp_16u", f16);
     whole_range<Tav16s>(Fam::Exp, "Exp_16s", f16);
-}
-
-// The compile-time tables are decided in double-double; here they meet a
-// plain double-precision computation of the same rule.
-TEST(UnaryTables, ExpTablesMatchDoublePrecision) {
-    for (int x = 0; x < 256; ++x) EXPECT_EQ(tav::arith::kExpDoubles[x], std::exp(double(x))) << x;
-    for (int sf = tav::arith::kExp8uMinSf; sf <= tav::arith::kExp8uMaxSf; ++sf) {
-        for (int x = 0; x < 17; ++x) {
-            const double v = std::floor(std::exp(double(x)) * std::ldexp(1.0, -sf) + 0.5);
-            EXPECT_EQ(tav::arith::kExp8u[sf - tav::arith::kExp8uMinSf][x], v > 255 ? 255 : int(v)) << sf << " " << x;
-        }
-    }
-    const std::uint8_t row0[] = {1, 3, 7, 20, 55, 148, 255, 255};
-    const std::uint8_t row1[] = {1, 1, 4, 10};
-    for (int x = 0; x < 8; ++x) EXPECT_EQ(tav::arith::kExp8u[0 - tav::arith::kExp8uMinSf][x], row0[x]);
-    for (int x = 0; x < 4; ++x) EXPECT_EQ(tav::arith::kExp8u[1 - tav::arith::kExp8uMinSf][x], row1[x]);
-}
-
-TEST(UnaryTables, SqrtTablesMatchDoublePrecision) {
-    const auto& t = tav::arith::kSqrt8u;
-    auto rule = [](int x, int k) {
-        const double v = std::nearbyint(std::sqrt(double(x)) * std::ldexp(1.0, k));
-        return v > 255 ? 255 : int(v);
-    };
-    for (int k = 0; k < 6; ++k)
-        for (int x = 0; x < 256; ++x) EXPECT_EQ(t.full[k][x], rule(x, k)) << k << " " << x;
-    for (int x = 0; x < 16; ++x) EXPECT_EQ(t.row6[x], rule(x, 6)) << x;
-    for (int x = 0; x < 4; ++x) EXPECT_EQ(t.row7[x], rule(x, 7)) << x;
-    // The short rows end where saturation begins.
-    EXPECT_LT(rule(15, 6), 255);
-    EXPECT_EQ(std::sqrt(16.0) * 64, 256.0);
-    EXPECT_LT(rule(3, 7), 255);
-    EXPECT_EQ(std::sqrt(4.0) * 128, 256.0);
-    const std::uint8_t row0[] = {0, 1, 1, 2, 2, 2, 2, 3};
-    const std::uint8_t row6[] = {0, 64, 91, 111};
-    for (int x = 0; x < 8; ++x) EXPECT_EQ(t.full[0][x], row0[x]);
-    for (int x = 0; x < 4; ++x) EXPECT_EQ(t.row6[x], row6[x]);
 }
 
 // Values the families name one by one.

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "support/image.h"
@@ -105,286 +106,77 @@ void check_all(Border kind, const std::vector<Member<T>>& members) {
     }
 }
 
-}  // namespace
+// Every member as a row: the 32-bit and 64-bit forms of each type and
+// layout, in place where the form exists. The constant is an element for C1.
+template <class V, class T>
+V pass(const T* v) {
+    if constexpr (std::is_pointer_v<V>) return v;
+    else return v[0];
+}
 
-namespace {
+template <class T, class... V>
+Member<T> m32(const char* name, int ch, bool ac4, TavStatus (*r)(const T*, int, TaviSize, T*, int, TaviSize, int, int, V...),
+              std::type_identity_t<TavStatus (*)(T*, int, TaviSize, TaviSize, int, int, V...)> ir) {
+    Member<T> m{name, ch, ac4, [=](const T* s, int64_t ss, T* d, int64_t ds, const BorderFrame& f, const T* v) {
+                    return r(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)},
+                             int(f.top), int(f.left), pass<V>(v)...);
+                }, nullptr};
+    if (ir)
+        m.inPlace = [=](T* p, int64_t st, const BorderFrame& f, const T* v) {
+            return ir(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left),
+                      pass<V>(v)...);
+        };
+    return m;
+}
+
+template <class T, class... V>
+Member<T> m64(const char* name, int ch, bool ac4, TavStatus (*r)(const T*, int64_t, TaviSizeL, T*, int64_t, TaviSizeL, int64_t, int64_t, V...),
+              std::type_identity_t<TavStatus (*)(T*, int64_t, TaviSizeL, TaviSizeL, int64_t, int64_t, V...)> ir) {
+    return {name, ch, ac4,
+            [=](const T* s, int64_t ss, T* d, int64_t ds, const BorderFrame& f, const T* v) {
+                return r(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, pass<V>(v)...);
+            },
+            [=](T* p, int64_t st, const BorderFrame& f, const T* v) {
+                return ir(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, pass<V>(v)...);
+            }};
+}
+
+#define NO_IR(fam, t, L) nullptr
+#define WITH_IR(fam, t, L) taviCopy##fam##Border_##t##_##L##IR
+#define BORDER_PAIR(fam, t, L, ch, ac4, IR)                                                                           \
+    m32<Tav##t>(#fam "_" #t "_" #L "R", ch, ac4, taviCopy##fam##Border_##t##_##L##R, IR(fam, t, L)),                  \
+        m64<Tav##t>(#fam "_" #t "_" #L "R_L", ch, ac4, taviCopy##fam##Border_##t##_##L##R_L, taviCopy##fam##Border_##t##_##L##IR_L)
+#define BORDER_C134(fam, t, IR) BORDER_PAIR(fam, t, C1, 1, false, IR), BORDER_PAIR(fam, t, C3, 3, false, IR), BORDER_PAIR(fam, t, C4, 4, false, IR)
+#define BORDER_ALL(fam, t, IR) {BORDER_C134(fam, t, IR), BORDER_PAIR(fam, t, AC4, 4, true, IR)}
 
 TEST(BorderConst, EveryMemberAgainstTheReference) {
-    check_all<Tav8u>(Border::Const, {
-        {"CopyConstBorder_8u_C1R", 1, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v[0]); },
-         nullptr},
-        {"CopyConstBorder_8u_C1R_L", 1, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); }},
-        {"CopyConstBorder_8u_C3R", 3, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_8u_C3R_L", 3, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_8u_C4R", 4, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_8u_C4R_L", 4, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_8u_AC4R", 4, true, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_8u_AC4R_L", 4, true, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u* v) { return taviCopyConstBorder_8u_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-    });
-    check_all<Tav16u>(Border::Const, {
-        {"CopyConstBorder_16u_C1R", 1, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v[0]); },
-         nullptr},
-        {"CopyConstBorder_16u_C1R_L", 1, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); }},
-        {"CopyConstBorder_16u_C3R", 3, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_16u_C3R_L", 3, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_16u_C4R", 4, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_16u_C4R_L", 4, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_16u_AC4R", 4, true, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_16u_AC4R_L", 4, true, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u* v) { return taviCopyConstBorder_16u_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-    });
-    check_all<Tav16s>(Border::Const, {
-        {"CopyConstBorder_16s_C1R", 1, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v[0]); },
-         nullptr},
-        {"CopyConstBorder_16s_C1R_L", 1, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); }},
-        {"CopyConstBorder_16s_C3R", 3, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_16s_C3R_L", 3, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_16s_C4R", 4, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_16s_C4R_L", 4, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_16s_AC4R", 4, true, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_16s_AC4R_L", 4, true, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s* v) { return taviCopyConstBorder_16s_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-    });
-    check_all<Tav32s>(Border::Const, {
-        {"CopyConstBorder_32s_C1R", 1, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v[0]); },
-         nullptr},
-        {"CopyConstBorder_32s_C1R_L", 1, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); }},
-        {"CopyConstBorder_32s_C3R", 3, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_32s_C3R_L", 3, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_32s_C4R", 4, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_32s_C4R_L", 4, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_32s_AC4R", 4, true, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_32s_AC4R_L", 4, true, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s* v) { return taviCopyConstBorder_32s_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-    });
-    check_all<Tav32f>(Border::Const, {
-        {"CopyConstBorder_32f_C1R", 1, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v[0]); },
-         nullptr},
-        {"CopyConstBorder_32f_C1R_L", 1, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v[0]); }},
-        {"CopyConstBorder_32f_C3R", 3, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_32f_C3R_L", 3, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_32f_C4R", 4, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_32f_C4R_L", 4, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-        {"CopyConstBorder_32f_AC4R", 4, true, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left), v); },
-         nullptr},
-        {"CopyConstBorder_32f_AC4R_L", 4, true, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f* v) { return taviCopyConstBorder_32f_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, v); }},
-    });
+    check_all<Tav8u>(Border::Const, BORDER_ALL(Const, 8u, NO_IR));
+    check_all<Tav16u>(Border::Const, BORDER_ALL(Const, 16u, NO_IR));
+    check_all<Tav16s>(Border::Const, BORDER_ALL(Const, 16s, NO_IR));
+    check_all<Tav32s>(Border::Const, BORDER_ALL(Const, 32s, NO_IR));
+    check_all<Tav32f>(Border::Const, BORDER_ALL(Const, 32f, NO_IR));
 }
 
 TEST(BorderReplicate, EveryMemberAgainstTheReference) {
-    check_all<Tav8u>(Border::Replicate, {
-        {"CopyReplicateBorder_8u_C1R", 1, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_8u_C1R_L", 1, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_8u_C3R", 3, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_8u_C3R_L", 3, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_8u_C4R", 4, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_8u_C4R_L", 4, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_8u_AC4R", 4, true, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_AC4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_8u_AC4R_L", 4, true, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyReplicateBorder_8u_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav16u>(Border::Replicate, {
-        {"CopyReplicateBorder_16u_C1R", 1, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_16u_C1R_L", 1, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_16u_C3R", 3, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_16u_C3R_L", 3, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_16u_C4R", 4, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_16u_C4R_L", 4, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_16u_AC4R", 4, true, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_AC4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_16u_AC4R_L", 4, true, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyReplicateBorder_16u_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav16s>(Border::Replicate, {
-        {"CopyReplicateBorder_16s_C1R", 1, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_16s_C1R_L", 1, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_16s_C3R", 3, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_16s_C3R_L", 3, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_16s_C4R", 4, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_16s_C4R_L", 4, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_16s_AC4R", 4, true, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_AC4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_16s_AC4R_L", 4, true, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyReplicateBorder_16s_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav32s>(Border::Replicate, {
-        {"CopyReplicateBorder_32s_C1R", 1, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_32s_C1R_L", 1, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_32s_C3R", 3, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_32s_C3R_L", 3, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_32s_C4R", 4, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_32s_C4R_L", 4, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_32s_AC4R", 4, true, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_AC4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_32s_AC4R_L", 4, true, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyReplicateBorder_32s_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav32f>(Border::Replicate, {
-        {"CopyReplicateBorder_32f_C1R", 1, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_32f_C1R_L", 1, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_32f_C3R", 3, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_32f_C3R_L", 3, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_32f_C4R", 4, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_32f_C4R_L", 4, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyReplicateBorder_32f_AC4R", 4, true, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_AC4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_AC4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyReplicateBorder_32f_AC4R_L", 4, true, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_AC4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyReplicateBorder_32f_AC4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
+    check_all<Tav8u>(Border::Replicate, BORDER_ALL(Replicate, 8u, WITH_IR));
+    check_all<Tav16u>(Border::Replicate, BORDER_ALL(Replicate, 16u, WITH_IR));
+    check_all<Tav16s>(Border::Replicate, BORDER_ALL(Replicate, 16s, WITH_IR));
+    check_all<Tav32s>(Border::Replicate, BORDER_ALL(Replicate, 32s, WITH_IR));
+    check_all<Tav32f>(Border::Replicate, BORDER_ALL(Replicate, 32f, WITH_IR));
 }
 
 TEST(BorderMirror, EveryMemberAgainstTheReference) {
-    check_all<Tav8u>(Border::Mirror, {
-        {"CopyMirrorBorder_8u_C1R", 1, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_8u_C1R_L", 1, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_8u_C3R", 3, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_8u_C3R_L", 3, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_8u_C4R", 4, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_8u_C4R_L", 4, false, [](const Tav8u* s, int64_t ss, Tav8u* d, int64_t ds, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav8u* p, int64_t st, const BorderFrame& f, const Tav8u*) { return taviCopyMirrorBorder_8u_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav16u>(Border::Mirror, {
-        {"CopyMirrorBorder_16u_C1R", 1, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_16u_C1R_L", 1, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_16u_C3R", 3, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_16u_C3R_L", 3, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_16u_C4R", 4, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_16u_C4R_L", 4, false, [](const Tav16u* s, int64_t ss, Tav16u* d, int64_t ds, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16u* p, int64_t st, const BorderFrame& f, const Tav16u*) { return taviCopyMirrorBorder_16u_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav16s>(Border::Mirror, {
-        {"CopyMirrorBorder_16s_C1R", 1, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_16s_C1R_L", 1, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_16s_C3R", 3, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_16s_C3R_L", 3, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_16s_C4R", 4, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_16s_C4R_L", 4, false, [](const Tav16s* s, int64_t ss, Tav16s* d, int64_t ds, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav16s* p, int64_t st, const BorderFrame& f, const Tav16s*) { return taviCopyMirrorBorder_16s_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav32s>(Border::Mirror, {
-        {"CopyMirrorBorder_32s_C1R", 1, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_32s_C1R_L", 1, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_32s_C3R", 3, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_32s_C3R_L", 3, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_32s_C4R", 4, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_32s_C4R_L", 4, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyMirrorBorder_32s_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav32f>(Border::Mirror, {
-        {"CopyMirrorBorder_32f_C1R", 1, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_32f_C1R_L", 1, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_32f_C3R", 3, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C3R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C3IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_32f_C3R_L", 3, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C3R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C3IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-        {"CopyMirrorBorder_32f_C4R", 4, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C4R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C4IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyMirrorBorder_32f_C4R_L", 4, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C4R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyMirrorBorder_32f_C4IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
+    check_all<Tav8u>(Border::Mirror, {BORDER_C134(Mirror, 8u, WITH_IR)});
+    check_all<Tav16u>(Border::Mirror, {BORDER_C134(Mirror, 16u, WITH_IR)});
+    check_all<Tav16s>(Border::Mirror, {BORDER_C134(Mirror, 16s, WITH_IR)});
+    check_all<Tav32s>(Border::Mirror, {BORDER_C134(Mirror, 32s, WITH_IR)});
+    check_all<Tav32f>(Border::Mirror, {BORDER_C134(Mirror, 32f, WITH_IR)});
 }
 
 TEST(BorderWrap, EveryMemberAgainstTheReference) {
-    check_all<Tav32s>(Border::Wrap, {
-        {"CopyWrapBorder_32s_C1R", 1, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyWrapBorder_32s_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyWrapBorder_32s_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyWrapBorder_32s_C1R_L", 1, false, [](const Tav32s* s, int64_t ss, Tav32s* d, int64_t ds, const BorderFrame& f, const Tav32s*) { return taviCopyWrapBorder_32s_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32s* p, int64_t st, const BorderFrame& f, const Tav32s*) { return taviCopyWrapBorder_32s_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
-    check_all<Tav32f>(Border::Wrap, {
-        {"CopyWrapBorder_32f_C1R", 1, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyWrapBorder_32f_C1R(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyWrapBorder_32f_C1IR(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left)); }},
-        {"CopyWrapBorder_32f_C1R_L", 1, false, [](const Tav32f* s, int64_t ss, Tav32f* d, int64_t ds, const BorderFrame& f, const Tav32f*) { return taviCopyWrapBorder_32f_C1R_L(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); },
-         [](Tav32f* p, int64_t st, const BorderFrame& f, const Tav32f*) { return taviCopyWrapBorder_32f_C1IR_L(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left); }},
-    });
+    check_all<Tav32s>(Border::Wrap, {BORDER_PAIR(Wrap, 32s, C1, 1, false, WITH_IR)});
+    check_all<Tav32f>(Border::Wrap, {BORDER_PAIR(Wrap, 32f, C1, 1, false, WITH_IR)});
 }
-}  // namespace
-
-namespace {
 
 TEST(BorderMirror, NamedCases) {
     // A single source pixel is every outside pixel.

@@ -89,16 +89,6 @@ TEST(GrayToBin, EveryOffsetAndWidthKeepsOtherBits) {
     check_gray_to_bin<Tav32f>(taviGrayToBin_32f1u_C1R, 0.5f, -1.0, 2.0);
 }
 
-TEST(GrayToBin, OnePixelAtOffsetThreeLeavesSevenBits) {
-    const Tav8u px = 200;
-    Tav8u byte = 0xA5;  // 1010 0101: bit 3 clear
-    ASSERT_EQ(taviGrayToBin_8u1u_C1R(&px, 1, &byte, 1, 3, {1, 1}, 100), tavOk);
-    EXPECT_EQ(byte, 0xAD);
-    byte = 0xFF;
-    ASSERT_EQ(taviGrayToBin_8u1u_C1R(&px, 1, &byte, 1, 3, {1, 1}, 200), tavOk);
-    EXPECT_EQ(byte, 0xF7);
-}
-
 // A NaN is not above any threshold; the offsets below zero reach back into
 // the bytes before the pointer.
 TEST(GrayToBin, NanAndNegativeOffset) {

@@ -176,17 +176,4 @@ TEST(Mirror, OrderOfChecks) {
     }
 }
 
-TEST(Mirror, EdgeShapes) {
-    // Flip 1 of a one-pixel-wide image leaves it alone; an odd height under
-    // flip 0 leaves the middle row where it was.
-    Region col(1, 9, 4);
-    auto before = col.snapshot();
-    EXPECT_EQ(taviMirror_8u_C1IR(col.ptr(), 4, {1, 9}, 1), tavOk);
-    EXPECT_TRUE(col.same(before));
-    Region img(10, 5, 10);
-    std::vector<std::uint8_t> middle(img.ptr() + 20, img.ptr() + 30);
-    ASSERT_EQ(taviMirror_8u_C1IR(img.ptr(), 10, {10, 5}, 0), tavOk);
-    EXPECT_TRUE(std::equal(middle.begin(), middle.end(), img.ptr() + 20));
-}
-
 }  // namespace

@@ -107,15 +107,4 @@ TEST(Set, StatusesAndNothingWritten) {
     }
 }
 
-TEST(Set, SharedThirtyTwoBitGroupsWriteTheSameBytes) {
-    const Tav32f f[3] = {1.5f, -2.0f, 3.25f};
-    Tav32s s[3];
-    std::memcpy(s, f, sizeof f);
-    Region a(12 * 9, 3, 12 * 9 + 4), b(12 * 9, 3, 12 * 9 + 4);
-    std::memcpy(b.ptr(), a.ptr(), Region::span(12 * 9, 3, 12 * 9 + 4));
-    ASSERT_EQ(taviSet_32f_C3R(f, reinterpret_cast<Tav32f*>(a.ptr()), a.step(), {9, 3}), tavOk);
-    ASSERT_EQ(taviSet_32s_C3R(s, reinterpret_cast<Tav32s*>(b.ptr()), b.step(), {9, 3}), tavOk);
-    EXPECT_TRUE(b.same(a.snapshot()));
-}
-
 }  // namespace

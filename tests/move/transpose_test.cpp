@@ -106,12 +106,4 @@ TEST(Transpose, Statuses) {
     }
 }
 
-TEST(Transpose, SharedInPlaceGroup) {
-    Region a(4 * 40, 40, 4 * 40 + 8), b(4 * 40, 40, 4 * 40 + 8);
-    std::memcpy(b.ptr(), a.ptr(), Region::span(4 * 40, 40, 4 * 40 + 8));
-    ASSERT_EQ(taviTranspose_32f_C1IR(reinterpret_cast<Tav32f*>(a.ptr()), a.step(), {40, 40}), tavOk);
-    ASSERT_EQ(taviTranspose_8u_C4IR(b.ptr(), b.step(), {40, 40}), tavOk);
-    EXPECT_TRUE(b.same(a.snapshot()));
-}
-
 }  // namespace

@@ -61,10 +61,7 @@ void sweep_dot() {
 
 template <class T>
 void sweep_dot_layouts() {
-    sweep_dot<T, Lay::C1>();
-    sweep_dot<T, Lay::C3>();
-    sweep_dot<T, Lay::C4>();
-    sweep_dot<T, Lay::AC4>();
+    for_layouts<Lay::C1, Lay::C3, Lay::C4, Lay::AC4>([](auto l) { sweep_dot<T, l.value>(); });
 }
 
 TEST(DotProd, Sweep8u) { sweep_dot_layouts<Tav8u>(); }

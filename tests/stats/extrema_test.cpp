@@ -66,30 +66,15 @@ void sweep_extrema() {
     }
 }
 
-TEST(Extrema, SweepAgainstRasterScan8u) {
-    sweep_extrema<Tav8u, Lay::C1>();
-    sweep_extrema<Tav8u, Lay::C3>();
-    sweep_extrema<Tav8u, Lay::C4>();
-    sweep_extrema<Tav8u, Lay::AC4>();
+template <class T>
+void sweep_extrema_layouts() {
+    for_layouts<Lay::C1, Lay::C3, Lay::C4, Lay::AC4>([](auto l) { sweep_extrema<T, l.value>(); });
 }
-TEST(Extrema, SweepAgainstRasterScan16u) {
-    sweep_extrema<Tav16u, Lay::C1>();
-    sweep_extrema<Tav16u, Lay::C3>();
-    sweep_extrema<Tav16u, Lay::C4>();
-    sweep_extrema<Tav16u, Lay::AC4>();
-}
-TEST(Extrema, SweepAgainstRasterScan16s) {
-    sweep_extrema<Tav16s, Lay::C1>();
-    sweep_extrema<Tav16s, Lay::C3>();
-    sweep_extrema<Tav16s, Lay::C4>();
-    sweep_extrema<Tav16s, Lay::AC4>();
-}
-TEST(Extrema, SweepAgainstRasterScan32f) {
-    sweep_extrema<Tav32f, Lay::C1>();
-    sweep_extrema<Tav32f, Lay::C3>();
-    sweep_extrema<Tav32f, Lay::C4>();
-    sweep_extrema<Tav32f, Lay::AC4>();
-}
+
+TEST(Extrema, SweepAgainstRasterScan8u) { sweep_extrema_layouts<Tav8u>(); }
+TEST(Extrema, SweepAgainstRasterScan16u) { sweep_extrema_layouts<Tav16u>(); }
+TEST(Extrema, SweepAgainstRasterScan16s) { sweep_extrema_layouts<Tav16s>(); }
+TEST(Extrema, SweepAgainstRasterScan32f) { sweep_extrema_layouts<Tav32f>(); }
 
 TEST(Indx, TiesResolveToTheFirstRowThenColumn) {
     for (int w : {6, 40, 200}) {

@@ -71,34 +71,25 @@ void sweep_int_norm() {
     }
 }
 
-template <class T, Lay L>
+template <class T>
 void sweep_all_kinds() {
-    sweep_int_norm<T, Nk::Inf, Nf::Plain, L>();
-    sweep_int_norm<T, Nk::L1, Nf::Plain, L>();
-    sweep_int_norm<T, Nk::L2, Nf::Plain, L>();
-    sweep_int_norm<T, Nk::Inf, Nf::Diff, L>();
-    sweep_int_norm<T, Nk::L1, Nf::Diff, L>();
-    sweep_int_norm<T, Nk::L2, Nf::Diff, L>();
-    sweep_int_norm<T, Nk::Inf, Nf::Rel, L>();
-    sweep_int_norm<T, Nk::L1, Nf::Rel, L>();
-    sweep_int_norm<T, Nk::L2, Nf::Rel, L>();
+    for_layouts<Lay::C1, Lay::C3, Lay::C4>([](auto l) {
+        constexpr Lay L = l.value;
+        sweep_int_norm<T, Nk::Inf, Nf::Plain, L>();
+        sweep_int_norm<T, Nk::L1, Nf::Plain, L>();
+        sweep_int_norm<T, Nk::L2, Nf::Plain, L>();
+        sweep_int_norm<T, Nk::Inf, Nf::Diff, L>();
+        sweep_int_norm<T, Nk::L1, Nf::Diff, L>();
+        sweep_int_norm<T, Nk::L2, Nf::Diff, L>();
+        sweep_int_norm<T, Nk::Inf, Nf::Rel, L>();
+        sweep_int_norm<T, Nk::L1, Nf::Rel, L>();
+        sweep_int_norm<T, Nk::L2, Nf::Rel, L>();
+    });
 }
 
-TEST(Norm, IntegerSweep8u) {
-    sweep_all_kinds<Tav8u, Lay::C1>();
-    sweep_all_kinds<Tav8u, Lay::C3>();
-    sweep_all_kinds<Tav8u, Lay::C4>();
-}
-TEST(Norm, IntegerSweep16u) {
-    sweep_all_kinds<Tav16u, Lay::C1>();
-    sweep_all_kinds<Tav16u, Lay::C3>();
-    sweep_all_kinds<Tav16u, Lay::C4>();
-}
-TEST(Norm, IntegerSweep16s) {
-    sweep_all_kinds<Tav16s, Lay::C1>();
-    sweep_all_kinds<Tav16s, Lay::C3>();
-    sweep_all_kinds<Tav16s, Lay::C4>();
-}
+TEST(Norm, IntegerSweep8u) { sweep_all_kinds<Tav8u>(); }
+TEST(Norm, IntegerSweep16u) { sweep_all_kinds<Tav16u>(); }
+TEST(Norm, IntegerSweep16s) { sweep_all_kinds<Tav16s>(); }
 
 // Extreme constant images, a value a channel, with enough pixels that every
 // narrow lane flushes; differences against a constant second image.

@@ -60,15 +60,12 @@ void sweep_exact() {
 }
 
 TEST(Sum, IntegerSumsAndMeansAreExact) {
-    sweep_exact<Tav8u, Lay::C1>();
-    sweep_exact<Tav8u, Lay::C3>();
-    sweep_exact<Tav8u, Lay::C4>();
-    sweep_exact<Tav16u, Lay::C1>();
-    sweep_exact<Tav16u, Lay::C3>();
-    sweep_exact<Tav16u, Lay::C4>();
-    sweep_exact<Tav16s, Lay::C1>();
-    sweep_exact<Tav16s, Lay::C3>();
-    sweep_exact<Tav16s, Lay::C4>();
+    auto layouts = [](auto t) {
+        for_layouts<Lay::C1, Lay::C3, Lay::C4>([](auto l) { sweep_exact<decltype(t), l.value>(); });
+    };
+    layouts(Tav8u{});
+    layouts(Tav16u{});
+    layouts(Tav16s{});
 }
 
 // Extreme values over enough pixels that the narrow lanes flush many times;
