@@ -76,17 +76,10 @@ void check_binary(Lay L, int w, int h, int pad, const BinForms<T>& f, const BinM
     for (std::size_t form = 0; form < f.size(); ++form) {
         const bool inPlace = f[form].inPlace;
         tavtest::Image<T> d(we, h, inPlace ? b.step() : step_of(we, sizeof(T), pad + 2 * int(sizeof(T))));
-        if (inPlace)  // the destination starts as the second source
-            for (int y = 0; y < h; ++y)
-                for (int x = 0; x < we; ++x) d.at(x, y) = b.at(x, y);
-        std::vector<std::uint8_t> expected = d.snapshot();
-        for (int y = 0; y < h; ++y)
-            for (int x = 0; x < we; ++x) {
-                const int c = x % chans(L);
-                if (c >= used(L)) continue;
-                const T v = model(b.at(x, y), a.at(x, y), c);
-                std::memcpy(expected.data() + std::size_t(y) * d.step() + std::size_t(x) * sizeof(T), &v, sizeof(T));
-            }
+        if (inPlace) std::memcpy(d.bytes(), b.bytes(), b.span());  // the destination starts as the second source
+        const auto expected = tavtest::expected_from(d, [&](int x, int y, T& v) {
+            return x % chans(L) < used(L) && (v = model(b.at(x, y), a.at(x, y), x % chans(L)), true);
+        });
         const TavStatus st = inPlace ? f[form].call(a.ptr(), a.step(), d.ptr(), d.step(), d.ptr(), d.step(), {w, h})
                                      : f[form].call(a.ptr(), a.step(), b.ptr(), b.step(), d.ptr(), d.step(), {w, h});
         const TavStatus want = expect != kWarnIfZeroDivisor ? expect : any_zero_used(a, L) ? tavWarnDivByZero : tavOk;
@@ -118,17 +111,10 @@ void check_const(Lay L, int w, int h, int pad, const T* v, const ConstForms<T>& 
     for (std::size_t form = 0; form < f.size(); ++form) {
         const bool inPlace = f[form].inPlace;
         tavtest::Image<T> d(we, h, inPlace ? a.step() : step_of(we, sizeof(T), pad + int(sizeof(T))));
-        if (inPlace)
-            for (int y = 0; y < h; ++y)
-                for (int x = 0; x < we; ++x) d.at(x, y) = a.at(x, y);
-        std::vector<std::uint8_t> expected = d.snapshot();
-        for (int y = 0; y < h; ++y)
-            for (int x = 0; x < we; ++x) {
-                const int c = x % chans(L);
-                if (c >= used(L)) continue;
-                const T r = model(a.at(x, y), v[c], c);
-                std::memcpy(expected.data() + std::size_t(y) * d.step() + std::size_t(x) * sizeof(T), &r, sizeof(T));
-            }
+        if (inPlace) std::memcpy(d.bytes(), a.bytes(), a.span());
+        const auto expected = tavtest::expected_from(d, [&](int x, int y, T& r) {
+            return x % chans(L) < used(L) && (r = model(a.at(x, y), v[x % chans(L)], x % chans(L)), true);
+        });
         const TavStatus st = inPlace ? f[form].call(d.ptr(), d.step(), v, d.ptr(), d.step(), {w, h})
                                      : f[form].call(a.ptr(), a.step(), v, d.ptr(), d.step(), {w, h});
         EXPECT_EQ(st, expect) << what << " form " << form << " " << lay_name(L) << " w=" << w << " h=" << h;

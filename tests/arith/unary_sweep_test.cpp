@@ -57,11 +57,6 @@ TEST(UnarySweep, Sqrt) { sweep(Fam::Sqrt); }
 TEST(UnarySweep, Ln) { sweep(Fam::Ln); }
 TEST(UnarySweep, Exp) { sweep(Fam::Exp); }
 
-TEST(UnaryMembers, AllResolve) {
-    EXPECT_EQ(members().size(), 105u);
-    for (const Member& m : members()) EXPECT_NE(m.fn, nullptr) << m.name;
-}
-
 // Steps that are not whole elements: some members round them down, the rest
 // walk exactly the bytes they are given.
 TEST(UnarySteps, OddStepsRoundedOrTakenAsGiven) {

@@ -206,15 +206,10 @@ void sweep_type() {
                     Image<T> src(elems, g.height, step, g.guard), dst(elems, g.height, step + (gi % 4 == 1) * 32);
                     Image<T>& in = inPlace ? dst : src;
                     in.fill_with([&](int, int) { return dtest::near_value<T>(anchors); });
-                    std::vector<std::uint8_t> expected = dst.snapshot();
-                    for (int y = 0; y < g.height; ++y)
-                        for (int x = 0; x < g.width; ++x)
-                            for (int c = 0; c < lay.values; ++c) {
-                                const T v = model<T>(interp, ch[c], in.row(y)[x * lay.channels + c]);
-                                std::memcpy(expected.data() + std::size_t(y) * dst.step() +
-                                                (std::size_t(x) * lay.channels + c) * sizeof(T),
-                                            &v, sizeof(T));
-                            }
+                    const auto expected = tavtest::expected_from(dst, [&](int x, int y, T& v) {
+                        const int c = x % lay.channels;
+                        return c < lay.values && (v = model<T>(interp, ch[c], in.row(y)[x]), true);
+                    });
                     const TavStatus st = inPlace ? w.inPlace(dst.ptr(), dst.step(), {g.width, g.height}, spec)
                                                  : w.unary(src.ptr(), src.step(), dst.ptr(), dst.step(),
                                                            {g.width, g.height}, spec);

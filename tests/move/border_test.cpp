@@ -117,12 +117,12 @@ V pass(const T* v) {
 template <class T, class... V>
 Member<T> m32(const char* name, int ch, bool ac4, TavStatus (*r)(const T*, int, TaviSize, T*, int, TaviSize, int, int, V...),
               std::type_identity_t<TavStatus (*)(T*, int, TaviSize, TaviSize, int, int, V...)> ir) {
-    Member<T> m{name, ch, ac4, [=](const T* s, int64_t ss, T* d, int64_t ds, const BorderFrame& f, const T* v) {
+    Member<T> m{name, ch, ac4, [=](const T* s, int64_t ss, T* d, int64_t ds, const BorderFrame& f, [[maybe_unused]] const T* v) {
                     return r(s, int(ss), TaviSize{int(f.srcW), int(f.srcH)}, d, int(ds), TaviSize{int(f.dstW), int(f.dstH)},
                              int(f.top), int(f.left), pass<V>(v)...);
                 }, nullptr};
     if (ir)
-        m.inPlace = [=](T* p, int64_t st, const BorderFrame& f, const T* v) {
+        m.inPlace = [=](T* p, int64_t st, const BorderFrame& f, [[maybe_unused]] const T* v) {
             return ir(p, int(st), TaviSize{int(f.srcW), int(f.srcH)}, TaviSize{int(f.dstW), int(f.dstH)}, int(f.top), int(f.left),
                       pass<V>(v)...);
         };
@@ -133,10 +133,10 @@ template <class T, class... V>
 Member<T> m64(const char* name, int ch, bool ac4, TavStatus (*r)(const T*, int64_t, TaviSizeL, T*, int64_t, TaviSizeL, int64_t, int64_t, V...),
               std::type_identity_t<TavStatus (*)(T*, int64_t, TaviSizeL, TaviSizeL, int64_t, int64_t, V...)> ir) {
     return {name, ch, ac4,
-            [=](const T* s, int64_t ss, T* d, int64_t ds, const BorderFrame& f, const T* v) {
+            [=](const T* s, int64_t ss, T* d, int64_t ds, const BorderFrame& f, [[maybe_unused]] const T* v) {
                 return r(s, ss, TaviSizeL{f.srcW, f.srcH}, d, ds, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, pass<V>(v)...);
             },
-            [=](T* p, int64_t st, const BorderFrame& f, const T* v) {
+            [=](T* p, int64_t st, const BorderFrame& f, [[maybe_unused]] const T* v) {
                 return ir(p, st, TaviSizeL{f.srcW, f.srcH}, TaviSizeL{f.dstW, f.dstH}, f.top, f.left, pass<V>(v)...);
             }};
 }

@@ -39,13 +39,10 @@ void check_bin_to_gray(TavStatus (*fn)(const Tav8u*, int, int, D*, int, TaviSize
             Image<Tav8u> src(packed_bytes(offset, w), h, srcStep);
             Image<D> dst(w, h, dstStep);
             src.fill(0, 255);
-            std::vector<std::uint8_t> expected = dst.snapshot();
-            for (int y = 0; y < h; ++y)
-                for (int i = 0; i < w; ++i) {
-                    const int bit = offset + i;
-                    const D v = (src.row(y)[bit / 8] >> (bit % 8)) & 1 ? hi : lo;
-                    std::memcpy(expected.data() + std::size_t(y) * dstStep + i * sizeof(D), &v, sizeof(D));
-                }
+            const auto expected = tavtest::expected_from(dst, [&](int i, int y, D& v) {
+                const int bit = offset + i;
+                return v = (src.row(y)[bit / 8] >> (bit % 8)) & 1 ? hi : lo, true;
+            });
             ASSERT_EQ(fn(src.ptr(), srcStep, offset, dst.ptr(), dstStep, {w, h}, lo, hi), tavOk);
             ASSERT_TRUE(tavtest::same_bytes(dst, expected)) << "width " << w << " offset " << offset;
         }

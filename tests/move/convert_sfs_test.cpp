@@ -133,12 +133,10 @@ TEST(ConvertSfs, InPlaceFloatToUnsigned) {
                 Image<Tav32f> img(w, 3, step);
                 img.fill(-100.0, 5e9);
                 for (int x = 0; x < w; x += 7) img.row(1)[x] = float(x / 7) + 0.5f;
-                std::vector<std::uint8_t> expected = img.snapshot();
-                for (int y = 0; y < 3; ++y)
-                    for (int x = 0; x < w; ++x) {
-                        const Tav32u v = tavref::scaled_float<Tav32f, Tav32u>(img.row(y)[x], f, round_of(m));
-                        std::memcpy(expected.data() + std::size_t(y) * step + 4 * x, &v, 4);
-                    }
+                const auto expected = tavtest::expected_from(img, [&](int x, int y, Tav32f& v) {
+                    const Tav32u u = tavref::scaled_float<Tav32f, Tav32u>(img.row(y)[x], f, round_of(m));
+                    return std::memcpy(&v, &u, 4), true;
+                });
                 ASSERT_EQ(taviConvert_32f32u_C1IRSfs(img.ptr(), step, {w, 3}, m, f), tavOk);
                 ASSERT_TRUE(tavtest::same_bytes(img, expected)) << "width " << w << " mode " << m << " f " << f;
             }

@@ -198,15 +198,4 @@ TEST(ConvertValue, StatusesInCheckOrder) {
     }
 }
 
-TEST(ConvertValue, SignBlindWideningsWriteTheSameBytes) {
-    Image<Tav8u> src(3 * 37, 5);
-    src.fill(0, 255);
-    Image<Tav16s> a(3 * 37, 5, 3 * 37 * 2 + 6);
-    Image<Tav16u> b(3 * 37, 5, 3 * 37 * 2 + 6);
-    std::memcpy(b.bytes(), a.bytes(), a.span());
-    ASSERT_EQ(taviConvert_8u16s_C3R(src.ptr(), src.step(), a.ptr(), a.step(), {37, 5}), tavOk);
-    ASSERT_EQ(taviConvert_8u16u_C3R(src.ptr(), src.step(), b.ptr(), b.step(), {37, 5}), tavOk);
-    EXPECT_TRUE(tavtest::same_bytes(b.bytes(), a.bytes(), a.span(), a.step()));
-}
-
 }  // namespace

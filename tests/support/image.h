@@ -94,6 +94,19 @@ T random_value(double lo, double hi) {
     }
 }
 
+// The bytes img should hold after a call: its span as it stands, with each
+// element (x, y) for which f(x, y, v) returns true replaced by v.
+template <class T, class F>
+std::vector<std::uint8_t> expected_from(const Image<T>& img, F f) {
+    std::vector<std::uint8_t> out = img.snapshot();
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x) {
+            T v;
+            if (f(x, y, v)) std::memcpy(out.data() + std::size_t(y) * img.step() + std::size_t(x) * sizeof(T), &v, sizeof(T));
+        }
+    return out;
+}
+
 // Byte-for-byte comparison of two spans laid out as rows of `step` bytes;
 // the failure names the first differing row and byte.
 ::testing::AssertionResult same_bytes(const std::uint8_t* actual, const std::uint8_t* expected,
