@@ -26,21 +26,19 @@ void sweep_binary(Op op, const Fns (&table)[4], const char* name) {
 
 #define FOUR(M, fam, t) {M(fam, t, C1), M(fam, t, C3), M(fam, t, C4), M(fam, t, AC4)}
 
+#define SCALED_TYPE(t)                                                                                        \
+    do {                                                                                                      \
+        const BinFns<Tav##t, int> add[4] = FOUR(ARITH_SFS, Add, t), sub[4] = FOUR(ARITH_SFS, Sub, t),          \
+                                  mul[4] = FOUR(ARITH_SFS, Mul, t);                                           \
+        sweep_binary<Tav##t>(Op::Add, add, "Add_" #t);                                                        \
+        sweep_binary<Tav##t>(Op::Sub, sub, "Sub_" #t);                                                        \
+        sweep_binary<Tav##t>(Op::Mul, mul, "Mul_" #t);                                                        \
+    } while (0)
+
 TEST(Scaled, TwoImagesEveryPath) {
-    const BinFns<Tav8u, int> add8[4] = FOUR(ARITH_SFS, Add, 8u), sub8[4] = FOUR(ARITH_SFS, Sub, 8u), mul8[4] = FOUR(ARITH_SFS, Mul, 8u);
-    const BinFns<Tav16u, int> add16u[4] = FOUR(ARITH_SFS, Add, 16u), sub16u[4] = FOUR(ARITH_SFS, Sub, 16u),
-                              mul16u[4] = FOUR(ARITH_SFS, Mul, 16u);
-    const BinFns<Tav16s, int> add16s[4] = FOUR(ARITH_SFS, Add, 16s), sub16s[4] = FOUR(ARITH_SFS, Sub, 16s),
-                              mul16s[4] = FOUR(ARITH_SFS, Mul, 16s);
-    sweep_binary<Tav8u>(Op::Add, add8, "Add_8u");
-    sweep_binary<Tav8u>(Op::Sub, sub8, "Sub_8u");
-    sweep_binary<Tav8u>(Op::Mul, mul8, "Mul_8u");
-    sweep_binary<Tav16u>(Op::Add, add16u, "Add_16u");
-    sweep_binary<Tav16u>(Op::Sub, sub16u, "Sub_16u");
-    sweep_binary<Tav16u>(Op::Mul, mul16u, "Mul_16u");
-    sweep_binary<Tav16s>(Op::Add, add16s, "Add_16s");
-    sweep_binary<Tav16s>(Op::Sub, sub16s, "Sub_16s");
-    sweep_binary<Tav16s>(Op::Mul, mul16s, "Mul_16s");
+    SCALED_TYPE(8u);
+    SCALED_TYPE(16u);
+    SCALED_TYPE(16s);
 }
 
 // The constant model: below the negative bound, the 8u sum and difference
@@ -70,22 +68,20 @@ void sweep_const(Op op, const F1& c1, const FN (&cn)[3], const char* name) {
 
 #define THREE(M, fam, t) {M(fam, t, C3), M(fam, t, C4), M(fam, t, AC4)}
 
+#define SCALED_CONST_TYPE(t)                                                                                       \
+    do {                                                                                                           \
+        const ConstFns<Tav##t, const Tav##t*, int> add[3] = THREE(ARITH_CN_SFS, AddC, t),                          \
+                                                   sub[3] = THREE(ARITH_CN_SFS, SubC, t),                          \
+                                                   mul[3] = THREE(ARITH_CN_SFS, MulC, t);                          \
+        sweep_const<Tav##t>(Op::Add, ARITH_C1_SFS(AddC, t), add, "AddC_" #t);                                      \
+        sweep_const<Tav##t>(Op::Sub, ARITH_C1_SFS(SubC, t), sub, "SubC_" #t);                                      \
+        sweep_const<Tav##t>(Op::Mul, ARITH_C1_SFS(MulC, t), mul, "MulC_" #t);                                      \
+    } while (0)
+
 TEST(Scaled, WithConstantEveryPath) {
-    const ConstFns<Tav8u, const Tav8u*, int> add8[3] = THREE(ARITH_CN_SFS, AddC, 8u), sub8[3] = THREE(ARITH_CN_SFS, SubC, 8u),
-                                             mul8[3] = THREE(ARITH_CN_SFS, MulC, 8u);
-    const ConstFns<Tav16u, const Tav16u*, int> add16u[3] = THREE(ARITH_CN_SFS, AddC, 16u), sub16u[3] = THREE(ARITH_CN_SFS, SubC, 16u),
-                                               mul16u[3] = THREE(ARITH_CN_SFS, MulC, 16u);
-    const ConstFns<Tav16s, const Tav16s*, int> add16s[3] = THREE(ARITH_CN_SFS, AddC, 16s), sub16s[3] = THREE(ARITH_CN_SFS, SubC, 16s),
-                                               mul16s[3] = THREE(ARITH_CN_SFS, MulC, 16s);
-    sweep_const<Tav8u>(Op::Add, ARITH_C1_SFS(AddC, 8u), add8, "AddC_8u");
-    sweep_const<Tav8u>(Op::Sub, ARITH_C1_SFS(SubC, 8u), sub8, "SubC_8u");
-    sweep_const<Tav8u>(Op::Mul, ARITH_C1_SFS(MulC, 8u), mul8, "MulC_8u");
-    sweep_const<Tav16u>(Op::Add, ARITH_C1_SFS(AddC, 16u), add16u, "AddC_16u");
-    sweep_const<Tav16u>(Op::Sub, ARITH_C1_SFS(SubC, 16u), sub16u, "SubC_16u");
-    sweep_const<Tav16u>(Op::Mul, ARITH_C1_SFS(MulC, 16u), mul16u, "MulC_16u");
-    sweep_const<Tav16s>(Op::Add, ARITH_C1_SFS(AddC, 16s), add16s, "AddC_16s");
-    sweep_const<Tav16s>(Op::Sub, ARITH_C1_SFS(SubC, 16s), sub16s, "SubC_16s");
-    sweep_const<Tav16s>(Op::Mul, ARITH_C1_SFS(MulC, 16s), mul16s, "MulC_16s");
+    SCALED_CONST_TYPE(8u);
+    SCALED_CONST_TYPE(16u);
+    SCALED_CONST_TYPE(16s);
 }
 
 #define F_OP(fam, expr)                                                                                     \

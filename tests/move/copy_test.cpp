@@ -18,28 +18,15 @@ struct CopyCase {
     bool alpha;  // AC4: the fourth element keeps the destination's value
 };
 
-const CopyCase kCopies[] = {
-    {"8u_C1R", unary<Tav8u, taviCopy_8u_C1R>, 1, 1, false},
-    {"8u_C3R", unary<Tav8u, taviCopy_8u_C3R>, 1, 3, false},
-    {"8u_C4R", unary<Tav8u, taviCopy_8u_C4R>, 1, 4, false},
-    {"8u_AC4R", unary<Tav8u, taviCopy_8u_AC4R>, 1, 4, true},
-    {"16u_C1R", unary<Tav16u, taviCopy_16u_C1R>, 2, 1, false},
-    {"16u_C3R", unary<Tav16u, taviCopy_16u_C3R>, 2, 3, false},
-    {"16u_C4R", unary<Tav16u, taviCopy_16u_C4R>, 2, 4, false},
-    {"16u_AC4R", unary<Tav16u, taviCopy_16u_AC4R>, 2, 4, true},
-    {"16s_C1R", unary<Tav16s, taviCopy_16s_C1R>, 2, 1, false},
-    {"16s_C3R", unary<Tav16s, taviCopy_16s_C3R>, 2, 3, false},
-    {"16s_C4R", unary<Tav16s, taviCopy_16s_C4R>, 2, 4, false},
-    {"16s_AC4R", unary<Tav16s, taviCopy_16s_AC4R>, 2, 4, true},
-    {"32s_C1R", unary<Tav32s, taviCopy_32s_C1R>, 4, 1, false},
-    {"32s_C3R", unary<Tav32s, taviCopy_32s_C3R>, 4, 3, false},
-    {"32s_C4R", unary<Tav32s, taviCopy_32s_C4R>, 4, 4, false},
-    {"32s_AC4R", unary<Tav32s, taviCopy_32s_AC4R>, 4, 4, true},
-    {"32f_C1R", unary<Tav32f, taviCopy_32f_C1R>, 4, 1, false},
-    {"32f_C3R", unary<Tav32f, taviCopy_32f_C3R>, 4, 3, false},
-    {"32f_C4R", unary<Tav32f, taviCopy_32f_C4R>, 4, 4, false},
-    {"32f_AC4R", unary<Tav32f, taviCopy_32f_AC4R>, 4, 4, true},
-};
+#define TAV_COPY_ROWS(t, T)                                                          \
+    {#t "_C1R", unary<T, taviCopy_##t##_C1R>, sizeof(T), 1, false},                  \
+        {#t "_C3R", unary<T, taviCopy_##t##_C3R>, sizeof(T), 3, false},              \
+        {#t "_C4R", unary<T, taviCopy_##t##_C4R>, sizeof(T), 4, false},              \
+        {#t "_AC4R", unary<T, taviCopy_##t##_AC4R>, sizeof(T), 4, true}
+
+const CopyCase kCopies[] = {TAV_COPY_ROWS(8u, Tav8u), TAV_COPY_ROWS(16u, Tav16u), TAV_COPY_ROWS(16s, Tav16s),
+                            TAV_COPY_ROWS(32s, Tav32s), TAV_COPY_ROWS(32f, Tav32f)};
+#undef TAV_COPY_ROWS
 
 // Runs one copy between fresh regions and compares both whole spans.
 void check_copy(const CopyCase& c, int width, int height, int srcPad, int dstPad, const Placement& pl) {
