@@ -48,6 +48,15 @@ inline bool stream_borders(const Frame& f, int pixelBytes) {
     return c >= 0 && t > c / 4;
 }
 
+// The sides of a row are made from its two ends before its middle is
+// copied, so both ends of the next source row are asked for a row ahead:
+// a wait for either would hold up every store behind it.
+template <class T>
+inline void ask_for_edges(const T* s, int64_t elems) {
+    _mm_prefetch(reinterpret_cast<const char*>(s), _MM_HINT_T0);
+    _mm_prefetch(reinterpret_cast<const char*>(s + elems - 1), _MM_HINT_T0);
+}
+
 template <Kind K, class T, int Ch, bool Ac4>
 struct Rows {
     const Frame& f;
@@ -131,6 +140,7 @@ struct Rows {
         T* d = row(f.top);
         const auto each = [&](auto&& sides) {
             for (int64_t y = 0; y < f.srcH; ++y, s = advance(s, srcStep), d = advance(d, step)) {
+                if (y + 1 < f.srcH) ask_for_edges(advance(s, srcStep), w);
                 sides(s, d);
                 copy_overlapping(s, w, d + L);
             }
@@ -209,8 +219,10 @@ TavStatus copy_with_border(const T* pSrc, int64_t srcStep, T* pDst, int64_t dstS
                                                          patterned ? f.dstW * Ch : f.srcW * Ch);
     const auto sourceRows = [&]<bool NT>() {
         const T* s = pSrc;
-        for (int64_t y = 0; y < f.srcH; ++y, s = advance(s, srcStep))
+        for (int64_t y = 0; y < f.srcH; ++y, s = advance(s, srcStep)) {
+            if (y + 1 < f.srcH) ask_for_edges(advance(s, srcStep), f.srcW * Ch);
             rows.template source_part<NT, true>(s, rows.row(f.top + y), constant, plan);
+        }
     };
     if (!nt && rows.overlap) {
         rows.overlap_rows(pSrc, srcStep, constant);

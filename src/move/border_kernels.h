@@ -162,6 +162,18 @@ void compose_row(const T* src, int64_t M, T* dst, int64_t L, int64_t N, const Pa
         }
     }
     for (; o < N && o < L; o += B) mixed(o, true);
+    if constexpr (NT && !Ac4) {
+        // Streaming rows are long and their source far from the core: the
+        // source asked for 4 KiB ahead (a hint, never a read).
+        constexpr int64_t ahead = 4096 / sizeof(T);
+        for (; o + 2 * B <= L + M; o += 2 * B) {
+            _mm_prefetch(reinterpret_cast<const char*>(srcAt(o) + ahead), _MM_HINT_T0);
+            _mm_prefetch(reinterpret_cast<const char*>(srcAt(o + B) + ahead), _MM_HINT_T0);
+            const __m512i a = _mm512_loadu_si512(srcAt(o)), b = _mm512_loadu_si512(srcAt(o + B));
+            _mm512_stream_si512(reinterpret_cast<__m512i*>(dst + o), a);
+            _mm512_stream_si512(reinterpret_cast<__m512i*>(dst + o + B), b);
+        }
+    }
     for (; o + B <= L + M; o += B) {
         const __m512i v = Ac4 ? load<T>(live, srcAt(o)) : _mm512_loadu_si512(srcAt(o));
         if constexpr (Ac4) store(dst + o, live, v);
