@@ -136,6 +136,12 @@ void copy_aligned32_streaming(const byte* s, byte* d, std::size_t n) {
 void copy_small_rows(const byte* s, std::ptrdiff_t ss, byte* d, std::ptrdiff_t ds, std::size_t w, std::int64_t h) {
     const std::size_t whole = w & ~std::size_t{63};
     const __mmask64 tail = byte_lanes(w - whole);
+    if (tail == 0) {
+        // Rows of whole vectors: no masked pair at all.
+        for (std::int64_t y = 0; y < h; ++y, s += ss, d += ds)
+            for (std::size_t i = 0; i < whole; i += 64) _mm512_storeu_si512(d + i, _mm512_loadu_si512(s + i));
+        return;
+    }
     for (std::int64_t y = 0; y < h; ++y, s += ss, d += ds) {
         for (std::size_t i = 0; i < whole; i += 64) _mm512_storeu_si512(d + i, _mm512_loadu_si512(s + i));
         copy_masked(s + whole, d + whole, tail);
